@@ -1,0 +1,134 @@
+// IQsUtils, the first of the two facades.
+#pragma once
+
+#include <list>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "QsUtils/platform/Api.h"
+#include "QsUtils/text/CString.h"
+#include "QsUtils/text/CStringArray.h"
+
+/// Static functions that every module of the product shares. The class has no fields; nobody needs an object
+/// of it. Unless a function says otherwise it keeps no state, changes only its own arguments, raises nothing
+/// but memory exhaustion, and may be called from any thread.
+class QSUTILS_API IQsUtils {
+public:
+    IQsUtils();
+    IQsUtils(const IQsUtils&);
+    IQsUtils& operator=(const IQsUtils&);
+    virtual ~IQsUtils();
+
+    // --- Soft version
+
+    /// The version text that the host has set; empty until then. For one thread at a time.
+    static CString GetSoftVersion();
+    static void SetSoftVersion(const CString& version);
+    static CString m_strSoftVersion;
+
+    // --- Segments and strings. Separators may have any length unless they are one character.
+
+    /// Removes the first segment of `text` and the separator behind it: "a/b/c" becomes "b/c". False, with
+    /// `text` unchanged, when the separator doesn't occur or the text is empty; true for an empty separator.
+    static bool CutFirstSegment(CString& text, const CString& sep);
+    /// Removes the last segment and the separator before it: "a/b/c" becomes "a/b". False, with `text`
+    /// unchanged, when the separator doesn't occur; true for an empty text or separator.
+    static bool CutLastSegment(CString& text, const CString& sep);
+    /// Keeps only the first segment: "a/b/c" becomes "a". False, with `text` unchanged, when the separator
+    /// doesn't occur; true for an empty text or separator.
+    static bool GetFirstSegment(CString& text, const CString& sep);
+    /// Keeps only the last segment: "a/b/c" becomes "c". False, with `text` unchanged, when the separator
+    /// doesn't occur or the text is empty; true for an empty separator.
+    static bool GetLastSegment(CString& text, const CString& sep);
+    /// The index of the first element equal to `text`; -1 when there is none or `text` is empty.
+    static int FindInCStringArray(const CString& text, const CStringArray& array);
+    /// Whether any element equals `text` without regard to case; an empty element equals an empty text.
+    static bool StringArrayContains(const CStringArray& array, const wchar_t* text);
+    /// How often `sub` occurs, from the left and without overlap. `positions` is replaced by the ascending
+    /// positions when there is a match, and left alone when there is none.
+    static int FindSpecStringCount(const CString& text, const CString& sub, CUIntArray& positions);
+    /// Appends the pieces of `text` between separators to `out`; a last empty piece is left out.
+    static void Split(const CString& text, CStringArray& out, wchar_t sep);
+    /// Replaces `out` by the pieces of `text`; a last empty piece is left out. An empty separator leaves
+    /// `out` as it was.
+    static void TransStrToAry(const CString& text, const CString& sep, std::vector<CString>& out);
+    /// Replaces `out` by the elements joined with `sep`.
+    static void TransAryToStr(const std::vector<CString>& array, CString& out, const CString& sep);
+    /// Leaves every text as it is; the comparisons of item codes pass through it.
+    static void ChangeSBCtoDBC(CString& text);
+    /// Cuts the part marked by the first "&" out of `text` and returns it. The part ends before the first of
+    /// "@#?$| "; its first character is dropped unless "&!" occurs in the text.
+    static CString TakeOutJxxzString(CString& text);
+    /// Decodes a narrow text up to its first NUL from the ANSI code page.
+    static std::wstring AnsiToUnicode(const std::string& text);
+    /// Encodes a wide text up to its first NUL in the ANSI code page; "?" stands for what it lacks.
+    static std::string UnicodeToAnsi(const std::wstring& text);
+    /// The text up to its first NUL.
+    static std::wstring CStringToWstring(CString& text);
+
+    // --- Numbers
+
+    /// Reads a whole number: white space around it, a sign, digits. True, with `value` written, only when the
+    /// whole text has that form; a number out of range saturates.
+    static bool ParseToInteger(const CString& text, int& value);
+    /// Reads a decimal number without exponent: white space around it, a sign, digits, a point between
+    /// digits. True, with `value` written, only when the whole text has that form.
+    static bool ParseToDouble(const CString& text, double& value);
+    /// Whether the text holds nothing but digits, points and one leading "-", in whatever arrangement.
+    static bool bIsNum(const CString& text);
+    /// `value` with `decimals` decimals, rounded as IEEE 754 says, and without trailing zeros when
+    /// `trimZeros`. Below 0 and above 6 the text has six decimals and keeps its zeros.
+    static CString DoubleToCString(double value, int decimals, bool trimZeros);
+
+    // --- Chinese numerals
+
+    /// An amount of money in capital numerals with yuan, jiao and fen: 12.34 is "壹拾贰元叁角肆分".
+    static CString NumToRMBStr(double value);
+    /// An int in ordinary numerals: 105 is "一百零五". Every negative value is "负数".
+    static CString TransIntToUpper(int value);
+
+    // --- Order of codes
+
+    /// Compares quota codes as texts and numbers in turn, so that "2-9" stands before "2-10": -1, 0 or 1.
+    /// A code of 500 units or more gives -1 against any other, also against itself.
+    static int CompareDECode(const CString& a, const CString& b);
+    /// Compares bill codes: the shorter first, then by the system's word compare. Negative, 0 or positive.
+    static int CompareQDCode(const CString& a, const CString& b);
+    /// Compares by the numbers that two texts begin with, then as texts; as texts alone unless both begin with
+    /// a digit. Negative, 0 or positive.
+    static int CompareStringW(const CString& a, const CString& b);
+    /// Compares part by part between separators, and within "/" between "-". Texts with a different number of
+    /// parts and equal common ones are equal. Negative, 0 or positive.
+    static int CompareStringW(const CString& a, const CString& b, wchar_t sep);
+    /// Whether the number that `a` begins with is below that of `b`: a strict weak order.
+    static bool SortItem(const CString& a, const CString& b);
+    /// Sort codes, each with its item, by `CompareDECode`, `CompareQDCode` and `CompareStringW` with "/". The
+    /// order of items that compare equal is that of one fixed partition sort (see docs/codes.md), the same in
+    /// every release. The pointers are not read.
+    static void SortDeItemCodes(std::vector<std::pair<CString, void*>>& items);
+    static void SortQdItemCodes(std::vector<std::pair<CString, void*>>& items);
+    static void SortItemCodes(std::vector<std::pair<CString, void*>>& items);
+
+    // --- Variables in formulas
+
+    /// Whether the text of a formula holds a variable.
+    static bool IsVariable(const CString& text);
+    /// Appends the variables of a formula to `out`, in their order; with `unique` not those that it holds.
+    /// False, with `out` left alone, when `IsVariable` is false.
+    static bool FindVariable(const CString& text, std::list<CString>& out, bool unique);
+    /// Adds the variables of a formula to `out`, each under the index of its last unit.
+    static bool FindVariable(const CString& text, std::map<int, CString>& out);
+    /// Whether the project amount, "Q" or "[Q]" in either case, is among the variables.
+    static bool IsIncludeQ(const CString& text);
+    /// Puts `amount`, without trailing zeros behind its point, in place of the project amount.
+    static void ReplaceQWithProjectAmount(CString& text, const CString& amount);
+    /// Puts `value` in place of each variable that equals `variable`, in the exact case.
+    static void ReplaceVarString(CString& text, const CString& variable, const CString& value);
+
+    // --- Digest
+
+    /// The MD5 digest (RFC 1321) of the text's UTF-16LE bytes, as 32 lower-case hexadecimal digits.
+    static CString GetStreamMD5(CString const& strText);
+};

@@ -1,0 +1,34 @@
+// IQsUtils1, the second of the two facades.
+#pragma once
+
+#include "QsUtils/material/CommonMaterialKey.h"
+#include "QsUtils/platform/Api.h"
+#include "QsUtils/text/CString.h"
+
+/// Static functions that every module of the product shares, continued from `IQsUtils`; the same rules hold.
+class QSUTILS_API IQsUtils1 {
+public:
+    IQsUtils1();
+    IQsUtils1(const IQsUtils1&);
+    IQsUtils1& operator=(const IQsUtils1&);
+    virtual ~IQsUtils1();
+
+    /// How many characters the text has after a way through the ANSI code page and back.
+    static int GetCharCount(const CString& text);
+
+    /// Whether a rate of price transfer is 0 or more; a text without a number counts as 0.
+    static bool IsValidRateOfTransPrice(const CString& text);
+    /// The number that a rate of price transfer begins with; "免税" and a text without a number are 0.
+    static double GetFormatedRateOfTransPrice(const CString& text);
+
+    /// The canonical indicator unit of a unit: "kg" is counted in "吨". False, with the output left alone,
+    /// for a unit that has none.
+    static bool GetIndicatorsUnit(CString const& strUnit, CString& strIndicatorUnit);
+    /// How many of the second unit make one of the first: "吨" and "公斤" give 1000. Also for a second unit
+    /// with a multiple in front: "m2" and "100m2" give 0.01. False, with 1.0, for units of different kinds.
+    static bool GetIndicatorsFactor(CString const& strFirst, CString const& strSecond, double& dFactor);
+
+    /// The digest of a material's identity, as 32 lower-case hexadecimal digits: its ten fields joined by
+    /// tabs, the flags as "1" and "0", through `IQsUtils::GetStreamMD5`. `pKey` must not be null.
+    static CString GenerateMaterialMD5(CommonMaterialKey* pKey);
+};

@@ -1,0 +1,57 @@
+// The module's static objects, its start and its end. All static objects with a destructor stand in this one
+// file, because only within a file does the language fix the order in which they are made and destroyed.
+#include "QsUtils/expression/CExpressionAnalyse.h"
+#include "QsUtils/frame/CQsUtilsApp.h"
+#include "QsUtils/frame/IQsUtils.h"
+#include "QsUtils/frame/LazyService.h"
+#include "QsUtils/frame/Services.h"
+#include "QsUtils/platform/Process.h"
+#include "QsUtils/xml/XmlPlatform.h"
+
+constinit CString IQsUtils::m_strSoftVersion;
+
+namespace {
+
+CQsUtilsApp theApp;
+constinit QsFrame::ServiceHolder<COprateString> theFormulaVariables;
+
+// Ended by the end sequence, not by their own destructors.
+constinit QsFrame::LazyService<ExpressionAnalyse::CExpressionAnalyse> theExpressionAnalyser;
+
+// The last static object: when it is made, all others stand, and the end that it registers comes before
+// their destruction.
+const struct ModuleStart {
+    ModuleStart() {
+        QsPlatform::CallAtModuleEnd([] { theApp.ExitInstance(); });
+        theApp.InitInstance();
+    }
+} theStart;
+
+}  // namespace
+
+bool CQsUtilsApp::InitInstance() {
+    QsXml::StartXmlPlatform();
+    return true;
+}
+
+int CQsUtilsApp::ExitInstance() {
+    theExpressionAnalyser.Destroy();
+    QsXml::EndXmlPlatform();
+    return 0;
+}
+
+namespace ExpressionAnalyse {
+
+IExpressionAnalyse* GetExpressionAnalyser() {
+    return &theExpressionAnalyser.Get();
+}
+
+}  // namespace ExpressionAnalyse
+
+namespace QsFrame {
+
+COprateString& FormulaVariables() {
+    return theFormulaVariables.Get();
+}
+
+}  // namespace QsFrame

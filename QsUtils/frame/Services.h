@@ -1,0 +1,12 @@
+// One accessor for each service of the module. Any thread may call any of them, at any time between the
+// load and the end of the module.
+#pragma once
+
+#include "QsUtils/expression/COprateString.h"
+
+namespace QsFrame {
+
+/// The scanner of formula variables; it dies with the static objects.
+COprateString& FormulaVariables();
+
+}  // namespace QsFrame

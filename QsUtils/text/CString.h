@@ -1,0 +1,315 @@
+// CString, the text of every exported signature: a counted sequence of UTF-16 code units.
+#pragma once
+
+#include <compare>
+#include <cstddef>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "QsUtils/platform/Api.h"
+#include "QsUtils/text/CAtlException.h"
+#include "QsUtils/text/FormatArgument.h"
+
+/// A text of UTF-16 code units, with the members and the edge behaviour of the framework class of that name.
+///
+/// Positions and lengths count code units from 0 and are `int`. Comparisons and searches are by code unit;
+/// case folding is ASCII's alone. White space is that of the wide C runtime: U+0009-000D, 0020, 00A0, 1680,
+/// 2000-200A, 2028, 2029, 202F, 205F, 3000. A null pointer stands for the empty text. Texts of up to seven
+/// units need no allocation, and moving never allocates. One object is for one thread at a time; different
+/// objects are independent.
+class QSUTILS_API CString {
+public:
+    using XCHAR = QsPlatform::TextUnit;
+    using PXSTR = XCHAR*;
+    using PCXSTR = const XCHAR*;
+
+    constexpr CString() noexcept = default;
+    CString(const CString&) = default;
+    CString(CString&& other) noexcept : m_units(std::move(other.m_units)) { other.m_units.clear(); }
+    ~CString() = default;
+
+    /// A text up to its NUL. On a system whose `wchar_t` has 32 bits the text is encoded to UTF-16; a lone
+    /// surrogate passes unchanged.
+    CString(const char16_t* text) : m_units(text == nullptr ? std::u16string() : std::u16string(text)) {}
+    CString(const wchar_t* text);
+    CString(std::nullptr_t) noexcept {}
+
+    /// The first `length` units of a text, NULs among them; a negative length raises `CAtlException`.
+    CString(const char16_t* text, int length);
+    CString(const wchar_t* text, int length);
+
+    CString(std::u16string text) noexcept : m_units(std::move(text)) {}
+    CString(std::u16string_view text) : m_units(text) {}
+    CString(const std::wstring& text);
+
+    /// `repeat` times one character; none when `repeat` is below 1.
+    explicit CString(char16_t unit, int repeat = 1);
+    explicit CString(wchar_t character, int repeat = 1);
+
+    /// A narrow text, up to its NUL or of `length` bytes, in the ANSI code page (936).
+    explicit CString(const char* text);
+    CString(const char* text, int length);
+
+    CString& operator=(const CString&) = default;
+    CString& operator=(CString&& other) noexcept;
+    CString& operator=(const char16_t* text);
+    CString& operator=(const wchar_t* text) { return *this = CString(text); }
+    CString& operator=(const char* text) { return *this = CString(text); }
+    CString& operator=(char16_t unit) { return *this = CString(unit); }
+    CString& operator=(wchar_t character) { return *this = CString(character); }
+
+    // --- What it holds
+
+    int GetLength() const noexcept { return static_cast<int>(m_units.size()); }
+    bool IsEmpty() const noexcept { return m_units.empty(); }
+    /// The units, NUL-terminated; valid until the text changes.
+    PCXSTR GetString() const noexcept { return Native(m_units.data()); }
+    operator PCXSTR() const noexcept { return GetString(); }
+    /// The units as a view; valid until the text changes.
+    std::u16string_view View() const noexcept { return m_units; }
+    /// The whole text as a wide string; NULs and lone surrogates pass unchanged.
+    std::wstring ToWide() const;
+    /// The unit at `index`; at the length it is NUL, and elsewhere outside `CAtlException` is raised.
+    XCHAR GetAt(int index) const;
+    XCHAR operator[](int index) const { return GetAt(index); }
+    /// Replaces the unit at `index`; outside of the text `CAtlException` is raised.
+    void SetAt(int index, XCHAR unit);
+
+    void Empty() noexcept { m_units = std::u16string(); }
+    void SetString(const CString& text) { *this = text; }
+    void SetString(PCXSTR text, int length) { *this = CString(text, length); }
+    /// Makes room for `length` units in all.
+    void Preallocate(int length);
+    /// Gives back what isn't used.
+    void FreeExtra() { m_units.shrink_to_fit(); }
+    /// Cuts the text to `length` units; a longer `length` changes nothing, a negative one raises `CAtlException`.
+    void Truncate(int length);
+
+    /// A buffer of at least `minimum` units and a NUL, for writing. Call `ReleaseBuffer` before anything else.
+    PXSTR GetBuffer(int minimum = 0);
+    /// Ends the writing: the text has `length` units, or reaches to its first NUL when `length` is -1.
+    void ReleaseBuffer(int length = -1);
+
+    // --- Comparison: negative, 0 or positive, as -1, 0, 1
+
+    int Compare(const CString& other) const noexcept { return CompareUnits(other.m_units); }
+    /// ASCII letters compare in lower case, so "_" stands before "A".
+    int CompareNoCase(const CString& other) const noexcept;
+
+    friend bool operator==(const CString& a, const CString& b) noexcept { return a.m_units == b.m_units; }
+    friend bool operator==(const CString& a, const char16_t* b) noexcept { return a.m_units == Safe(b); }
+    friend bool operator==(const CString& a, const wchar_t* b) { return a == CString(b); }
+    friend std::strong_ordering operator<=>(const CString& a, const CString& b) noexcept {
+        return a.CompareUnits(b.m_units) <=> 0;
+    }
+    friend std::strong_ordering operator<=>(const CString& a, const char16_t* b) noexcept {
+        return a.CompareUnits(Safe(b)) <=> 0;
+    }
+    friend std::strong_ordering operator<=>(const CString& a, const wchar_t* b) { return a <=> CString(b); }
+
+    // --- Parts. Counts and positions are clamped to the text.
+
+    CString Left(int count) const;
+    CString Right(int count) const;
+    CString Mid(int first) const;
+    /// A `first` and a `count` whose sum passes the range of int raise `CAtlException`.
+    CString Mid(int first, int count) const;
+    /// The longest head made of units that are in `set`, or that are not in it.
+    CString SpanIncluding(const CString& set) const;
+    CString SpanExcluding(const CString& set) const;
+    /// The next piece between units of `separators` at or behind `start`, which moves on; when there is none
+    /// the result is empty and `start` becomes -1. A negative `start` raises `CAtlException`.
+    CString Tokenize(const CString& separators, int& start) const;
+
+    // --- Searching: a position, or -1
+
+    /// From `start` on; a `start` outside of the text finds nothing, except the empty text at the very end.
+    int Find(const CString& part, int start = 0) const noexcept;
+    template <QsText::CharacterUnit C>
+    int Find(C character, int start = 0) const noexcept {
+        return FindUnit(static_cast<char32_t>(character), start);
+    }
+    template <QsText::CharacterUnit C>
+    int ReverseFind(C character) const noexcept {
+        return ReverseFindUnit(static_cast<char32_t>(character));
+    }
+    /// The first position that holds a unit of `set`.
+    int FindOneOf(const CString& set) const noexcept;
+
+    // --- Changing in place
+
+    /// Removes units and returns the new length.
+    int Delete(int index, int count = 1);
+    /// Puts a text or a character in front of `index`, which is clamped to the text; returns the new length.
+    int Insert(int index, const CString& text);
+    template <QsText::CharacterUnit C>
+    int Insert(int index, C character) {
+        return Insert(index, FromCharacter(character));
+    }
+    /// Replaces every occurrence, from the left and without overlap; returns how many there were.
+    int Replace(const CString& oldPart, const CString& newPart);
+    template <QsText::CharacterUnit C>
+    int Replace(C oldCharacter, C newCharacter) {
+        return oldCharacter == newCharacter ? 0 : Replace(FromCharacter(oldCharacter), FromCharacter(newCharacter));
+    }
+    /// Removes every occurrence of a character; returns how many there were.
+    template <QsText::CharacterUnit C>
+    int Remove(C character) {
+        return Replace(FromCharacter(character), CString());
+    }
+
+    CString& MakeUpper() noexcept;
+    CString& MakeLower() noexcept;
+    CString& MakeReverse() noexcept;
+
+    CString& Trim();
+    CString& TrimLeft();
+    CString& TrimRight();
+    /// Units of `set` are taken off; an empty set takes off nothing.
+    CString& Trim(const CString& set);
+    CString& TrimLeft(const CString& set);
+    CString& TrimRight(const CString& set);
+    template <QsText::CharacterUnit C>
+    CString& Trim(C character) {
+        return Trim(FromCharacter(character));
+    }
+    template <QsText::CharacterUnit C>
+    CString& TrimLeft(C character) {
+        return TrimLeft(FromCharacter(character));
+    }
+    template <QsText::CharacterUnit C>
+    CString& TrimRight(C character) {
+        return TrimRight(FromCharacter(character));
+    }
+
+    // --- Joining
+
+    void Append(const CString& text) { m_units += text.m_units; }
+    void Append(PCXSTR text, int length) { *this += CString(text, length); }
+    template <QsText::CharacterUnit C>
+    void AppendChar(C character) {
+        *this += character;
+    }
+    CString& operator+=(const CString& text);
+    CString& operator+=(const char16_t* text);
+    CString& operator+=(const wchar_t* text) { return *this += CString(text); }
+    CString& operator+=(const char* text) { return *this += CString(text); }
+    template <QsText::CharacterUnit C>
+    CString& operator+=(C character) {
+        return *this += FromCharacter(character);
+    }
+
+    friend CString operator+(const CString& a, const CString& b) { return Join(a.m_units, b.m_units); }
+    friend CString operator+(CString&& a, const CString& b) { return std::move(a += b); }
+    friend CString operator+(const CString& a, const char16_t* b) { return Join(a.m_units, Safe(b)); }
+    friend CString operator+(const char16_t* a, const CString& b) { return Join(Safe(a), b.m_units); }
+    friend CString operator+(const CString& a, const wchar_t* b) { return a + CString(b); }
+    friend CString operator+(const wchar_t* a, const CString& b) { return CString(a) + b; }
+    template <QsText::CharacterUnit C>
+    friend CString operator+(const CString& a, C b) {
+        return a + FromCharacter(b);
+    }
+    template <QsText::CharacterUnit C>
+    friend CString operator+(C a, const CString& b) {
+        return FromCharacter(a) + b;
+    }
+
+    // --- Formatting, by the rules of printf
+
+    /// Replaces the text by the formatted one. "%s" takes a `CString`, a wide, a UTF-16 or a narrow text;
+    /// numbers are written with no regard to the locale and round as IEEE 754 says; the length words of the
+    /// C runtime ("l", "ll", "I64") are taken and not needed. A format that doesn't fit its arguments raises
+    /// `CAtlException` and leaves the text as it was. The text itself may be among the arguments.
+    template <typename... Arguments>
+    void Format(const CString& format, const Arguments&... arguments) {
+        *this = Formatted(format, {FormatArgumentOf(arguments)...});
+    }
+    /// The same, behind the text that is there.
+    template <typename... Arguments>
+    void AppendFormat(const CString& format, const Arguments&... arguments) {
+        *this += Formatted(format, {FormatArgumentOf(arguments)...});
+    }
+
+    friend void swap(CString& a, CString& b) noexcept { a.m_units.swap(b.m_units); }
+
+private:
+    static PCXSTR Native(const char16_t* units) noexcept {
+        if constexpr (std::is_same_v<XCHAR, char16_t>)
+            return units;
+        else
+            return reinterpret_cast<PCXSTR>(units);
+    }
+    static PXSTR Native(char16_t* units) noexcept {
+        if constexpr (std::is_same_v<XCHAR, char16_t>)
+            return units;
+        else
+            return reinterpret_cast<PXSTR>(units);
+    }
+    static std::u16string_view Safe(const char16_t* text) noexcept {
+        return text == nullptr ? std::u16string_view() : std::u16string_view(text);
+    }
+    static CString Join(std::u16string_view a, std::u16string_view b);
+
+    template <QsText::CharacterUnit C>
+    static CString FromCharacter(C character) {
+        if constexpr (std::is_same_v<C, char>)
+            return CString(&character, 1);
+        else
+            return CString(character);
+    }
+
+    int CompareUnits(std::u16string_view other) const noexcept {
+        const int order = std::u16string_view(m_units).compare(other);
+        return order < 0 ? -1 : order > 0 ? 1 : 0;
+    }
+    int FindUnit(char32_t character, int start) const noexcept;
+    int ReverseFindUnit(char32_t character) const noexcept;
+
+    template <typename T>
+    static QsText::FormatArgument FormatArgumentOf(const T& value);
+    static CString Formatted(const CString& format, std::initializer_list<QsText::FormatArgument> arguments);
+
+    std::u16string m_units;
+};
+
+template <typename T>
+QsText::FormatArgument CString::FormatArgumentOf(const T& value) {
+    using Kind = QsText::FormatArgument::Kind;
+    using V = std::decay_t<T>;
+    QsText::FormatArgument argument;
+    if constexpr (std::is_same_v<V, CString>) {
+        argument.kind = Kind::Text;
+        argument.text = value.View();
+    } else if constexpr (std::is_convertible_v<const T&, std::u16string_view>) {
+        argument.kind = Kind::Text;
+        argument.text = value;
+    } else if constexpr (std::is_constructible_v<CString, const T&> && !std::is_arithmetic_v<V>) {
+        argument.kind = Kind::Text;
+        argument.converted = std::move(CString(value).m_units);
+    } else if constexpr (std::is_same_v<V, char16_t> || std::is_same_v<V, wchar_t> || std::is_same_v<V, char>) {
+        argument.kind = Kind::Character;
+        argument.natural = static_cast<std::make_unsigned_t<V>>(value);
+    } else if constexpr (std::is_floating_point_v<V>) {
+        argument.kind = Kind::Double;
+        argument.real = static_cast<double>(value);
+    } else if constexpr (std::is_enum_v<V>) {
+        return FormatArgumentOf(static_cast<std::underlying_type_t<V>>(value));
+    } else if constexpr (std::is_integral_v<V>) {
+        if constexpr (std::is_signed_v<V>) {
+            argument.kind = sizeof(V) > 4 ? Kind::Int64 : Kind::Int32;
+            argument.integer = value;
+        } else {
+            argument.kind = sizeof(V) > 4 ? Kind::UInt64 : Kind::UInt32;
+            argument.natural = value;
+        }
+    } else {
+        static_assert(std::is_pointer_v<V>, "a format takes texts, characters, numbers and pointers");
+        argument.kind = Kind::Pointer;
+        argument.pointer = value;
+    }
+    return argument;
+}

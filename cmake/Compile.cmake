@@ -1,0 +1,27 @@
+# What every target of the project is compiled with.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_library(qsutils_compile INTERFACE)
+target_compile_options(qsutils_compile INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # A symbol bound as unique would keep the module mapped after it has been unloaded.
+    target_compile_options(qsutils_compile INTERFACE -fno-gnu-unique)
+endif()
+target_include_directories(qsutils_compile INTERFACE ${PROJECT_SOURCE_DIR})
+
+set(QSUTILS_SANITIZE "" CACHE STRING "Sanitizers for all targets, for instance address,undefined")
+if(QSUTILS_SANITIZE)
+    add_compile_options(-fsanitize=${QSUTILS_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${QSUTILS_SANITIZE})
+endif()
+
+option(QSUTILS_COVERAGE "Count executed lines" OFF)
+if(QSUTILS_COVERAGE)
+    add_compile_options(--coverage -fprofile-update=atomic)
+    add_link_options(--coverage)
+endif()
