@@ -1,0 +1,88 @@
+#include <csv.h>
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "Chapters.h"
+#include "Report.h"
+
+namespace Estimate {
+namespace {
+
+class CsvWriter {
+public:
+    explicit CsvWriter(std::ostream& out) : m_out(out) {}
+
+    using Fields = std::array<std::string_view, 10>;
+
+    void Write(const Fields& fields) {
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            if (i > 0)
+                m_out << ',';
+            WriteField(fields[i]);
+        }
+        m_out << "\r\n";
+    }
+
+private:
+    void WriteField(std::string_view field) {
+        m_quoted.resize(2 * field.size() + 2);
+        const std::size_t length = csv_write(m_quoted.data(), m_quoted.size(), field.data(), field.size());
+        m_out.write(m_quoted.data(), static_cast<std::streamsize>(length));
+    }
+
+    std::ostream& m_out;
+    std::string m_quoted;
+};
+
+void WriteItem(CsvWriter& csv, std::string_view kind, const Item& item, std::string_view features) {
+    csv.Write({kind, item.code, item.name, features, item.unit, item.formula, DecimalText(item.quantity),
+               PriceText(item.price, false), FenText(item.fen), ""});
+}
+
+void WriteItems(CsvWriter& csv, const Bill& bill) {
+    for (const BillItem& item : bill.items) {
+        WriteItem(csv, "bill", item, item.features);
+        for (std::size_t i = 0; i < item.quotaCount; ++i)
+            WriteItem(csv, "quota", bill.quotas[item.firstQuota + i], "");
+    }
+}
+
+void WriteSums(CsvWriter& csv, const Report& report) {
+    for (const Chapter& chapter : report.chapters) {
+        csv.Write({"chapter", chapter.code, ChapterName(chapter.code), "", "", "", "", "", FenText(chapter.fen), ""});
+        for (const Section& section : chapter.sections)
+            csv.Write({"section", section.code, ChapterName(section.code), "", "", "", "", "", FenText(section.fen), ""});
+    }
+    for (const IndicatorSum& sum : report.indicators) {
+        csv.Write({"indicator", "bill", "", "", sum.unit, "", QuantityText(sum.billQuantity, sum.unit), "", "", ""});
+        csv.Write({"indicator", "quota", "", "", sum.unit, "", QuantityText(sum.quotaQuantity, sum.unit), "", "", ""});
+    }
+    for (const Resource& each : report.resources)
+        csv.Write({"resource", each.code, each.name, "", each.unit, "", DecimalText(each.quantity),
+                   PriceText(each.price, false), FenText(each.fen), each.digest});
+}
+
+void WriteTotals(CsvWriter& csv, const Report& report) {
+    csv.Write({"total", "quota", "", "", "", "", "", "", FenText(report.quotaFen), ""});
+    csv.Write({"total", "bill", "", "", "", "", "", "", FenText(report.bill.fen), ""});
+    if (report.area > 0)
+        csv.Write({"total", "per m2", "", "", "", "", "", "", FenText(FenPerArea(report.bill.fen, report.area)), ""});
+    csv.Write({"capital", "", CapitalText(report.bill.fen), "", "", "", "", "", "", ""});
+    for (const Problems& file : report.problems)
+        for (const Problem& problem : file.found)
+            csv.Write({"problem", "", "", "", "", "", "", "", "", ProblemText(file.file, problem)});
+}
+
+}  // namespace
+
+void WriteCsv(std::ostream& out, const Report& report) {
+    CsvWriter csv(out);
+    csv.Write({"kind", "code", "name", "features", "unit", "formula", "quantity", "price", "amount", "note"});
+    WriteItems(csv, report.bill);
+    WriteSums(csv, report);
+    WriteTotals(csv, report);
+}
+
+}  // namespace Estimate

@@ -1,0 +1,66 @@
+#include "Files.h"
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <system_error>
+
+namespace Estimate {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path FromArgument(const std::string& argument) {
+    return fs::path(std::u8string(argument.begin(), argument.end()));
+}
+
+}  // namespace
+
+InputFile OpenInput(const std::string& path, std::istream& standardInput) {
+    InputFile file;
+    if (path == "-") {
+        auto contents = std::make_unique<std::stringstream>();
+        *contents << standardInput.rdbuf();
+        contents->clear();
+        file.size = contents->view().size();
+        file.stream = std::move(contents);
+        file.name = "(standard input)";
+        return file;
+    }
+    file.name = path;
+    std::error_code error;
+    const fs::path native = FromArgument(path);
+    if (!fs::is_regular_file(native, error))
+        return file;
+    auto stream = std::make_unique<std::ifstream>(native, std::ios::binary);
+    if (!stream->is_open())
+        return file;
+    file.size = fs::file_size(native, error);
+    file.stream = std::move(stream);
+    return file;
+}
+
+std::string WriteOutput(const std::string& path, const std::function<void(std::ostream&)>& write) {
+    const fs::path target = FromArgument(path);
+    std::error_code error;
+    // A device or a pipe can't be replaced by a file.
+    const bool direct = fs::exists(target, error) && !fs::is_regular_file(target, error);
+    fs::path part = target;
+    if (!direct)
+        part += ".part";
+    std::ofstream out(part, std::ios::binary);
+    if (!out.is_open())
+        return "the file can't be written: " + path;
+    write(out);
+    out.close();
+    const bool written = !out.fail();
+    if (written && !direct)
+        fs::rename(part, target, error);
+    if (written && (direct || !error))
+        return {};
+    if (!direct)
+        fs::remove(part, error);
+    return "the file can't be written: " + path;
+}
+
+}  // namespace Estimate

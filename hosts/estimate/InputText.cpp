@@ -1,0 +1,60 @@
+#include "InputText.h"
+
+#include <QsUtils/QsUtils.h>
+
+#include <vector>
+
+#include "Utf8.h"
+
+namespace Estimate {
+namespace {
+
+constexpr std::size_t PieceSize = 1 << 18;
+constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
+
+struct Contents {
+    std::string head;
+    bool utf8 = true;
+    bool hasNul = false;
+    std::uint64_t size = 0;
+};
+
+Contents Scan(std::istream& in) {
+    Contents contents;
+    Utf8Check check;
+    std::vector<char> piece(PieceSize);
+    while (in.read(piece.data(), static_cast<std::streamsize>(piece.size())), in.gcount() > 0) {
+        const std::string_view bytes(piece.data(), static_cast<std::size_t>(in.gcount()));
+        if (contents.size == 0)
+            contents.head = bytes.substr(0, Utf8Mark.size());
+        contents.size += bytes.size();
+        contents.hasNul = contents.hasNul || bytes.find('\0') != std::string_view::npos;
+        check.Feed(bytes);
+    }
+    contents.utf8 = check.IsValid();
+    return contents;
+}
+
+}  // namespace
+
+InputText DetectText(std::istream& in) {
+    const Contents contents = Scan(in);
+    InputText text;
+    text.size = contents.size;
+    if (contents.head.starts_with("\xFF\xFE") || contents.head.starts_with("\xFE\xFF"))
+        text.refusal = "the text is UTF-16; save it as CSV in UTF-8 or GBK";
+    else if (contents.hasNul)
+        text.refusal = "this is no text: it holds NUL bytes";
+    text.encoding = contents.utf8 ? Encoding::Utf8 : Encoding::Gbk;
+    in.clear();
+    in.seekg(contents.utf8 && contents.head == Utf8Mark ? static_cast<std::streamoff>(Utf8Mark.size()) : 0);
+    return text;
+}
+
+std::string DecodeField(std::string_view bytes, Encoding encoding) {
+    if (encoding == Encoding::Utf8)
+        return std::string(bytes);
+    return ToUtf8(CString(IQsUtils::AnsiToUnicode(std::string(bytes))));
+}
+
+}  // namespace Estimate

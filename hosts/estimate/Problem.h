@@ -1,0 +1,34 @@
+// What is wrong with an input, and where.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Estimate {
+
+enum class Severity {
+    Warning,  ///< the row is priced, but its writer should look at it
+    Error,    ///< the row can't be priced
+};
+
+struct Problem {
+    Severity severity = Severity::Error;
+    std::size_t line = 0;      ///< of the file, from 1
+    std::size_t column = 0;    ///< the field's number from 1; 0 when the row as a whole is meant
+    std::string_view heading;  ///< the column's name in this program; static
+    std::string reason;
+};
+
+/// The problems of one file, in the order in which they were found.
+struct Problems {
+    std::string file;
+    std::vector<Problem> found;
+    std::size_t badRows = 0;  ///< rows that aren't priced
+};
+
+/// "bill.csv:12:5: error: formula: …", as compilers write it.
+std::string ProblemText(const std::string& file, const Problem& problem);
+
+}  // namespace Estimate

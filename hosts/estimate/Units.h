@@ -1,0 +1,28 @@
+// Units of measurement: how they are written, how many decimals a quantity takes, and in what unit
+// indicators count it.
+#pragma once
+
+#include <QsUtils/QsUtils.h>
+
+#include <string>
+#include <string_view>
+
+namespace Estimate {
+
+/// The unit as the tables write it: "m²" and "㎡" become "m2", "m³" and "㎥" "m3"; blanks fall away.
+std::string NormalizeUnit(std::string_view unit);
+
+/// The decimals of a quantity: three for tonnes, two for metres, square and cubic metres and kilograms, none
+/// for what is counted by the piece, two for every other unit. A multiple in front of the unit adds its
+/// zeros, so that a quantity in 100m2 is as fine as one in m2; six are the most.
+int UnitDecimals(std::string_view unit);
+
+struct IndicatorUnit {
+    std::string unit;     ///< the canonical unit; the unit itself when there is none
+    double factor = 1.0;  ///< how many of it make one of the unit asked for
+};
+
+/// The unit in which indicators count a quantity: kilograms in tonnes, bricks in thousands, 100m2 in m2.
+IndicatorUnit IndicatorUnitOf(std::string_view unit);
+
+}  // namespace Estimate
