@@ -4,6 +4,7 @@
 #include <compare>
 #include <cstddef>
 #include <initializer_list>
+#include <iosfwd>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -34,11 +35,12 @@ public:
 
     /// A text up to its NUL. On a system whose `wchar_t` has 32 bits the text is encoded to UTF-16; a lone
     /// surrogate passes unchanged.
-    CString(const char16_t* text) : m_units(text == nullptr ? std::u16string() : std::u16string(text)) {}
+    CString(const char16_t* text) : m_units(Safe(text)) {}
     CString(const wchar_t* text);
     CString(std::nullptr_t) noexcept {}
 
-    /// The first `length` units of a text, NULs among them; a negative length raises `CAtlException`.
+    /// The first `length` units of a text, NULs among them. A negative length raises `CAtlException`, and so
+    /// does a null pointer with a length above 0.
     CString(const char16_t* text, int length);
     CString(const wchar_t* text, int length);
 
@@ -49,6 +51,7 @@ public:
     /// `repeat` times one character; none when `repeat` is below 1.
     explicit CString(char16_t unit, int repeat = 1);
     explicit CString(wchar_t character, int repeat = 1);
+    explicit CString(char character, int repeat = 1);
 
     /// A narrow text, up to its NUL or of `length` bytes, in the ANSI code page (936).
     explicit CString(const char* text);
@@ -56,11 +59,15 @@ public:
 
     CString& operator=(const CString&) = default;
     CString& operator=(CString&& other) noexcept;
-    CString& operator=(const char16_t* text);
-    CString& operator=(const wchar_t* text) { return *this = CString(text); }
-    CString& operator=(const char* text) { return *this = CString(text); }
-    CString& operator=(char16_t unit) { return *this = CString(unit); }
-    CString& operator=(wchar_t character) { return *this = CString(character); }
+    // Templates, so that `text = {}` has one meaning.
+    template <QsText::CharacterUnit C>
+    CString& operator=(const C* text) {
+        return *this = CString(text);
+    }
+    template <QsText::CharacterUnit C>
+    CString& operator=(C character) {
+        return *this = CString(character);
+    }
 
     // --- What it holds
 
@@ -82,16 +89,19 @@ public:
     void Empty() noexcept { m_units = std::u16string(); }
     void SetString(const CString& text) { *this = text; }
     void SetString(PCXSTR text, int length) { *this = CString(text, length); }
-    /// Makes room for `length` units in all.
+    /// Makes room for `length` units in all; a negative length raises `CAtlException`.
     void Preallocate(int length);
     /// Gives back what isn't used.
     void FreeExtra() { m_units.shrink_to_fit(); }
-    /// Cuts the text to `length` units; a longer `length` changes nothing, a negative one raises `CAtlException`.
+    /// Cuts the text to `length` units; a longer `length` changes nothing, a negative one raises
+    /// `CAtlException`.
     void Truncate(int length);
 
-    /// A buffer of at least `minimum` units and a NUL, for writing. Call `ReleaseBuffer` before anything else.
+    /// A buffer of at least `minimum` units and a NUL, for writing; it begins with the text. Call
+    /// `ReleaseBuffer` before anything else. A negative `minimum` raises `CAtlException`.
     PXSTR GetBuffer(int minimum = 0);
-    /// Ends the writing: the text has `length` units, or reaches to its first NUL when `length` is -1.
+    /// Ends the writing: the text has `length` units, or reaches to its first NUL when `length` is -1. A
+    /// length beyond the buffer or below -1 raises `CAtlException`.
     void ReleaseBuffer(int length = -1);
 
     // --- Comparison: negative, 0 or positive, as -1, 0, 1
@@ -110,6 +120,20 @@ public:
         return a.CompareUnits(Safe(b)) <=> 0;
     }
     friend std::strong_ordering operator<=>(const CString& a, const wchar_t* b) { return a <=> CString(b); }
+    // Beside `<=>`, because `std::less<void>` and `std::ranges::less` compare the pointers that two texts
+    // convert to unless they find these by name.
+    friend bool operator<(const CString& a, const CString& b) noexcept {
+        return a.CompareUnits(b.m_units) < 0;
+    }
+    friend bool operator>(const CString& a, const CString& b) noexcept {
+        return a.CompareUnits(b.m_units) > 0;
+    }
+    friend bool operator<=(const CString& a, const CString& b) noexcept {
+        return a.CompareUnits(b.m_units) <= 0;
+    }
+    friend bool operator>=(const CString& a, const CString& b) noexcept {
+        return a.CompareUnits(b.m_units) >= 0;
+    }
 
     // --- Parts. Counts and positions are clamped to the text.
 
@@ -130,12 +154,12 @@ public:
     /// From `start` on; a `start` outside of the text finds nothing, except the empty text at the very end.
     int Find(const CString& part, int start = 0) const noexcept;
     template <QsText::CharacterUnit C>
-    int Find(C character, int start = 0) const noexcept {
-        return FindUnit(static_cast<char32_t>(character), start);
+    int Find(C character, int start = 0) const {
+        return FindCharacter(CodePoint(character), start);
     }
     template <QsText::CharacterUnit C>
-    int ReverseFind(C character) const noexcept {
-        return ReverseFindUnit(static_cast<char32_t>(character));
+    int ReverseFind(C character) const {
+        return ReverseFindCharacter(CodePoint(character));
     }
     /// The first position that holds a unit of `set`.
     int FindOneOf(const CString& set) const noexcept;
@@ -148,18 +172,18 @@ public:
     int Insert(int index, const CString& text);
     template <QsText::CharacterUnit C>
     int Insert(int index, C character) {
-        return Insert(index, FromCharacter(character));
+        return Insert(index, CString(character));
     }
     /// Replaces every occurrence, from the left and without overlap; returns how many there were.
     int Replace(const CString& oldPart, const CString& newPart);
     template <QsText::CharacterUnit C>
     int Replace(C oldCharacter, C newCharacter) {
-        return oldCharacter == newCharacter ? 0 : Replace(FromCharacter(oldCharacter), FromCharacter(newCharacter));
+        return oldCharacter == newCharacter ? 0 : Replace(CString(oldCharacter), CString(newCharacter));
     }
     /// Removes every occurrence of a character; returns how many there were.
     template <QsText::CharacterUnit C>
     int Remove(C character) {
-        return Replace(FromCharacter(character), CString());
+        return Replace(CString(character), CString());
     }
 
     CString& MakeUpper() noexcept;
@@ -175,15 +199,15 @@ public:
     CString& TrimRight(const CString& set);
     template <QsText::CharacterUnit C>
     CString& Trim(C character) {
-        return Trim(FromCharacter(character));
+        return Trim(CString(character));
     }
     template <QsText::CharacterUnit C>
     CString& TrimLeft(C character) {
-        return TrimLeft(FromCharacter(character));
+        return TrimLeft(CString(character));
     }
     template <QsText::CharacterUnit C>
     CString& TrimRight(C character) {
-        return TrimRight(FromCharacter(character));
+        return TrimRight(CString(character));
     }
 
     // --- Joining
@@ -194,36 +218,62 @@ public:
     void AppendChar(C character) {
         *this += character;
     }
-    CString& operator+=(const CString& text);
-    CString& operator+=(const char16_t* text);
-    CString& operator+=(const wchar_t* text) { return *this += CString(text); }
-    CString& operator+=(const char* text) { return *this += CString(text); }
+    CString& operator+=(const CString& text) {
+        m_units += text.m_units;
+        return *this;
+    }
+    template <QsText::CharacterUnit C>
+    CString& operator+=(const C* text) {
+        if constexpr (std::is_same_v<C, char16_t>)
+            m_units += Safe(text);
+        else
+            m_units += CString(text).m_units;
+        return *this;
+    }
     template <QsText::CharacterUnit C>
     CString& operator+=(C character) {
-        return *this += FromCharacter(character);
+        if constexpr (std::is_same_v<C, char16_t>)
+            m_units += character;
+        else
+            m_units += CString(character).m_units;
+        return *this;
     }
 
     friend CString operator+(const CString& a, const CString& b) { return Join(a.m_units, b.m_units); }
     friend CString operator+(CString&& a, const CString& b) { return std::move(a += b); }
-    friend CString operator+(const CString& a, const char16_t* b) { return Join(a.m_units, Safe(b)); }
-    friend CString operator+(const char16_t* a, const CString& b) { return Join(Safe(a), b.m_units); }
-    friend CString operator+(const CString& a, const wchar_t* b) { return a + CString(b); }
-    friend CString operator+(const wchar_t* a, const CString& b) { return CString(a) + b; }
+    template <QsText::CharacterUnit C>
+    friend CString operator+(const CString& a, const C* b) {
+        return Join(a.m_units, Units(b));
+    }
+    template <QsText::CharacterUnit C>
+    friend CString operator+(CString&& a, const C* b) {
+        return std::move(a += b);
+    }
+    template <QsText::CharacterUnit C>
+    friend CString operator+(const C* a, const CString& b) {
+        return Join(Units(a), b.m_units);
+    }
     template <QsText::CharacterUnit C>
     friend CString operator+(const CString& a, C b) {
-        return a + FromCharacter(b);
+        return Join(a.m_units, CString(b).m_units);
+    }
+    template <QsText::CharacterUnit C>
+    friend CString operator+(CString&& a, C b) {
+        return std::move(a += b);
     }
     template <QsText::CharacterUnit C>
     friend CString operator+(C a, const CString& b) {
-        return FromCharacter(a) + b;
+        return Join(CString(a).m_units, b.m_units);
     }
 
     // --- Formatting, by the rules of printf
 
     /// Replaces the text by the formatted one. "%s" takes a `CString`, a wide, a UTF-16 or a narrow text;
     /// numbers are written with no regard to the locale and round as IEEE 754 says; the length words of the
-    /// C runtime ("l", "ll", "I64") are taken and not needed. A format that doesn't fit its arguments raises
-    /// `CAtlException` and leaves the text as it was. The text itself may be among the arguments.
+    /// C runtime ("h", "l", "ll", "I32", "I64") are taken and only "h" has an effect: an integer is cut to 16
+    /// bits. The conversions are d i u x X o c s f F e E g G p. A format that is unfinished, asks for what it
+    /// isn't given, or for a width or precision above a million raises `CAtlException` and leaves the text as
+    /// it was; arguments left over are ignored. The text itself may be among the arguments.
     template <typename... Arguments>
     void Format(const CString& format, const Arguments&... arguments) {
         *this = Formatted(format, {FormatArgumentOf(arguments)...});
@@ -254,20 +304,27 @@ private:
     }
     static CString Join(std::u16string_view a, std::u16string_view b);
 
-    template <QsText::CharacterUnit C>
-    static CString FromCharacter(C character) {
-        if constexpr (std::is_same_v<C, char>)
-            return CString(&character, 1);
-        else
-            return CString(character);
+    static std::u16string_view Units(const char16_t* text) noexcept { return Safe(text); }
+    template <typename C>
+    static std::u16string Units(const C* text) {
+        return std::move(CString(text).m_units);
     }
+
+    template <QsText::CharacterUnit C>
+    static char32_t CodePoint(C character) {
+        if constexpr (std::is_same_v<C, char>)
+            return AnsiUnit(character);
+        else
+            return static_cast<char32_t>(character);
+    }
+    static char16_t AnsiUnit(char byte);
 
     int CompareUnits(std::u16string_view other) const noexcept {
         const int order = std::u16string_view(m_units).compare(other);
         return order < 0 ? -1 : order > 0 ? 1 : 0;
     }
-    int FindUnit(char32_t character, int start) const noexcept;
-    int ReverseFindUnit(char32_t character) const noexcept;
+    int FindCharacter(char32_t character, int start) const noexcept;
+    int ReverseFindCharacter(char32_t character) const noexcept;
 
     template <typename T>
     static QsText::FormatArgument FormatArgumentOf(const T& value);
@@ -276,36 +333,43 @@ private:
     std::u16string m_units;
 };
 
+/// Writes the text in UTF-8; a lone surrogate becomes U+FFFD.
+QSUTILS_API std::ostream& operator<<(std::ostream& stream, const CString& text);
+
 template <typename T>
 QsText::FormatArgument CString::FormatArgumentOf(const T& value) {
     using Kind = QsText::FormatArgument::Kind;
     using V = std::decay_t<T>;
     QsText::FormatArgument argument;
     if constexpr (std::is_same_v<V, CString>) {
-        argument.kind = Kind::Text;
-        argument.text = value.View();
+        argument.SetText(value.View());
+    } else if constexpr (std::is_enum_v<V>) {
+        return FormatArgumentOf(static_cast<std::underlying_type_t<V>>(value));
+    } else if constexpr (std::is_same_v<V, const char16_t*> || std::is_same_v<V, char16_t*>) {
+        argument.SetText(Safe(value));
+        argument.pointer = value;
     } else if constexpr (std::is_convertible_v<const T&, std::u16string_view>) {
-        argument.kind = Kind::Text;
-        argument.text = value;
-    } else if constexpr (std::is_constructible_v<CString, const T&> && !std::is_arithmetic_v<V>) {
-        argument.kind = Kind::Text;
-        argument.converted = std::move(CString(value).m_units);
-    } else if constexpr (std::is_same_v<V, char16_t> || std::is_same_v<V, wchar_t> || std::is_same_v<V, char>) {
+        argument.SetText(value);
+    } else if constexpr (QsText::CharacterUnit<V>) {
         argument.kind = Kind::Character;
-        argument.natural = static_cast<std::make_unsigned_t<V>>(value);
+        argument.natural = CodePoint(value);
     } else if constexpr (std::is_floating_point_v<V>) {
         argument.kind = Kind::Double;
         argument.real = static_cast<double>(value);
-    } else if constexpr (std::is_enum_v<V>) {
-        return FormatArgumentOf(static_cast<std::underlying_type_t<V>>(value));
+    } else if constexpr (std::is_integral_v<V> && std::is_signed_v<V>) {
+        argument.kind = sizeof(V) > 4 ? Kind::Int64 : Kind::Int32;
+        argument.integer = value;
     } else if constexpr (std::is_integral_v<V>) {
-        if constexpr (std::is_signed_v<V>) {
-            argument.kind = sizeof(V) > 4 ? Kind::Int64 : Kind::Int32;
-            argument.integer = value;
-        } else {
-            argument.kind = sizeof(V) > 4 ? Kind::UInt64 : Kind::UInt32;
-            argument.natural = value;
-        }
+        argument.kind = sizeof(V) > 4 ? Kind::UInt64 : Kind::UInt32;
+        argument.natural = value;
+    } else if constexpr (std::is_same_v<V, std::nullptr_t>) {
+        argument.kind = Kind::Pointer;
+        argument.pointer = nullptr;
+    } else if constexpr (std::is_constructible_v<CString, const T&>) {
+        argument.converted = std::move(CString(value).m_units);
+        argument.SetConverted();
+        if constexpr (std::is_pointer_v<V>)
+            argument.pointer = value;
     } else {
         static_assert(std::is_pointer_v<V>, "a format takes texts, characters, numbers and pointers");
         argument.kind = Kind::Pointer;

@@ -1,0 +1,181 @@
+// Forwards to the services: a facade does no work of its own.
+#include "QsUtils/frame/IQsUtils.h"
+
+#include "QsUtils/codes/CodeCompare.h"
+#include "QsUtils/codes/CodeSort.h"
+#include "QsUtils/frame/Services.h"
+#include "QsUtils/material/MaterialDigest.h"
+#include "QsUtils/text/ChineseNumerals.h"
+#include "QsUtils/text/NumberText.h"
+#include "QsUtils/text/Segments.h"
+
+IQsUtils::IQsUtils() = default;
+IQsUtils::IQsUtils(const IQsUtils&) = default;
+IQsUtils& IQsUtils::operator=(const IQsUtils&) = default;
+IQsUtils::~IQsUtils() = default;
+
+// --- Soft version
+
+CString IQsUtils::GetSoftVersion() {
+    return m_strSoftVersion;
+}
+
+void IQsUtils::SetSoftVersion(const CString& version) {
+    m_strSoftVersion = version;
+}
+
+// --- Segments and strings
+
+bool IQsUtils::CutFirstSegment(CString& text, const CString& sep) {
+    return QsText::CutFirstSegment(text, sep);
+}
+
+bool IQsUtils::CutLastSegment(CString& text, const CString& sep) {
+    return QsText::CutLastSegment(text, sep);
+}
+
+bool IQsUtils::GetFirstSegment(CString& text, const CString& sep) {
+    return QsText::GetFirstSegment(text, sep);
+}
+
+bool IQsUtils::GetLastSegment(CString& text, const CString& sep) {
+    return QsText::GetLastSegment(text, sep);
+}
+
+int IQsUtils::FindInCStringArray(const CString& text, const CStringArray& array) {
+    return QsText::FindInCStringArray(text, array);
+}
+
+bool IQsUtils::StringArrayContains(const CStringArray& array, const wchar_t* text) {
+    return QsText::StringArrayContains(array, text);
+}
+
+int IQsUtils::FindSpecStringCount(const CString& text, const CString& sub, CUIntArray& positions) {
+    return QsText::FindSpecStringCount(text, sub, positions);
+}
+
+void IQsUtils::Split(const CString& text, CStringArray& out, wchar_t sep) {
+    QsText::Split(text, out, sep);
+}
+
+void IQsUtils::TransStrToAry(const CString& text, const CString& sep, std::vector<CString>& out) {
+    QsText::TransStrToAry(text, sep, out);
+}
+
+void IQsUtils::TransAryToStr(const std::vector<CString>& array, CString& out, const CString& sep) {
+    QsText::TransAryToStr(array, out, sep);
+}
+
+void IQsUtils::ChangeSBCtoDBC(CString& text) {
+    QsText::ChangeSBCtoDBC(text);
+}
+
+CString IQsUtils::TakeOutJxxzString(CString& text) {
+    return QsText::TakeOutJxxzString(text);
+}
+
+std::wstring IQsUtils::AnsiToUnicode(const std::string& text) {
+    return QsText::AnsiToUnicode(text);
+}
+
+std::string IQsUtils::UnicodeToAnsi(const std::wstring& text) {
+    return QsText::UnicodeToAnsi(text);
+}
+
+std::wstring IQsUtils::CStringToWstring(CString& text) {
+    return QsText::CStringToWstring(text);
+}
+
+// --- Numbers
+
+bool IQsUtils::ParseToInteger(const CString& text, int& value) {
+    return QsText::ParseToInteger(text, value);
+}
+
+bool IQsUtils::ParseToDouble(const CString& text, double& value) {
+    return QsText::ParseToDouble(text, value);
+}
+
+bool IQsUtils::bIsNum(const CString& text) {
+    return QsText::bIsNum(text);
+}
+
+CString IQsUtils::DoubleToCString(double value, int decimals, bool trimZeros) {
+    return QsText::DoubleToCString(value, decimals, trimZeros);
+}
+
+// --- Chinese numerals
+
+CString IQsUtils::NumToRMBStr(double value) {
+    return QsText::NumToRMBStr(value);
+}
+
+CString IQsUtils::TransIntToUpper(int value) {
+    return QsText::TransIntToUpper(value);
+}
+
+// --- Order of codes
+
+int IQsUtils::CompareDECode(const CString& a, const CString& b) {
+    return QsCodes::CompareDECode(a, b);
+}
+
+int IQsUtils::CompareQDCode(const CString& a, const CString& b) {
+    return QsCodes::CompareQDCode(a, b);
+}
+
+int IQsUtils::CompareStringW(const CString& a, const CString& b) {
+    return QsCodes::CompareStringW(a, b);
+}
+
+int IQsUtils::CompareStringW(const CString& a, const CString& b, wchar_t sep) {
+    return QsCodes::CompareStringW(a, b, sep);
+}
+
+bool IQsUtils::SortItem(const CString& a, const CString& b) {
+    return QsCodes::SortItem(a, b);
+}
+
+void IQsUtils::SortDeItemCodes(std::vector<std::pair<CString, void*>>& items) {
+    QsCodes::SortDeItemCodes(items);
+}
+
+void IQsUtils::SortQdItemCodes(std::vector<std::pair<CString, void*>>& items) {
+    QsCodes::SortQdItemCodes(items);
+}
+
+void IQsUtils::SortItemCodes(std::vector<std::pair<CString, void*>>& items) {
+    QsCodes::SortItemCodes(items);
+}
+
+// --- Variables in formulas
+
+bool IQsUtils::IsVariable(const CString& text) {
+    return QsFrame::FormulaVariables().IsVariable(text);
+}
+
+bool IQsUtils::FindVariable(const CString& text, std::list<CString>& out, bool unique) {
+    return QsFrame::FormulaVariables().FindVariable(text, out, unique);
+}
+
+bool IQsUtils::FindVariable(const CString& text, std::map<int, CString>& out) {
+    return QsFrame::FormulaVariables().FindVariable(text, out);
+}
+
+bool IQsUtils::IsIncludeQ(const CString& text) {
+    return QsFrame::FormulaVariables().IsIncludeQ(text);
+}
+
+void IQsUtils::ReplaceQWithProjectAmount(CString& text, const CString& amount) {
+    QsFrame::FormulaVariables().ReplaceQWithProjectAmount(text, amount);
+}
+
+void IQsUtils::ReplaceVarString(CString& text, const CString& variable, const CString& value) {
+    QsFrame::FormulaVariables().ReplaceVarString(text, variable, value);
+}
+
+// --- Digest
+
+CString IQsUtils::GetStreamMD5(CString const& strText) {
+    return QsMaterial::StreamMd5(strText);
+}

@@ -1,0 +1,83 @@
+#include "QsUtils/text/NumberText.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "QsUtils/text/FixedDecimal.h"
+#include "QsUtils/text/Numbers.h"
+
+namespace QsText {
+
+namespace {
+
+std::u16string_view Trimmed(std::u16string_view text) {
+    while (!text.empty() && IsSpace(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && IsSpace(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+std::u16string_view WithoutSign(std::u16string_view text) {
+    if (!text.empty() && (text.front() == u'+' || text.front() == u'-'))
+        text.remove_prefix(1);
+    return text;
+}
+
+/// How many digits a text begins with.
+std::size_t CountDigits(std::u16string_view text) {
+    return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), IsDigit) - text.begin());
+}
+
+bool AreAllDigits(std::u16string_view text) {
+    return !text.empty() && CountDigits(text) == text.size();
+}
+
+}  // namespace
+
+bool ParseToInteger(const CString& text, int& value) {
+    const std::u16string_view number = Trimmed(text.View());
+    if (!AreAllDigits(WithoutSign(number)))
+        return false;
+    value = ReadInt(number);
+    return true;
+}
+
+bool ParseToDouble(const CString& text, double& value) {
+    const std::u16string_view number = Trimmed(text.View());
+    const std::u16string_view digits = WithoutSign(number);
+    const std::size_t whole = CountDigits(digits);
+    if (whole == 0)
+        return false;
+    if (whole < digits.size() && (digits[whole] != u'.' || !AreAllDigits(digits.substr(whole + 1))))
+        return false;
+    value = ReadDouble(number);
+    return true;
+}
+
+bool bIsNum(const CString& text) {
+    std::u16string_view units = text.View();
+    if (units.empty())
+        return false;
+    if (units.front() == u'-')
+        units.remove_prefix(1);
+    return std::all_of(units.begin(), units.end(),
+                       [](char16_t unit) { return IsDigit(unit) || unit == u'.'; });
+}
+
+CString DoubleToCString(double value, int decimals, bool trimZeros) {
+    constexpr int Most = 6;
+    if (decimals < 0 || decimals > Most)
+        return CString(FixedDecimal(value, Most).View());
+    return CString(FixedDecimal(value, decimals, trimZeros).View());
+}
+
+bool IsValidRateOfTransPrice(const CString& text) {
+    return ReadDouble(text.View()) >= 0;
+}
+
+double GetFormatedRateOfTransPrice(const CString& text) {
+    return text == u"免税" ? 0.0 : ReadDouble(text.View());
+}
+
+}  // namespace QsText
