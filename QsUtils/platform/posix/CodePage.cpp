@@ -1,0 +1,93 @@
+#include "QsUtils/platform/CodePage.h"
+
+#include <cstddef>
+
+#include "QsUtils/platform/posix/CodePageTables.h"
+
+namespace QsPlatform {
+
+namespace {
+
+/// Decodes into `to`, which has room for a unit a byte; gives how many units there are.
+template <typename Unit>
+std::size_t Decode(std::string_view narrow, Unit* to) {
+    const CodePageTables& page = CodePage936();
+    Unit* const begin = to;
+    const auto* from = reinterpret_cast<const unsigned char*>(narrow.data());
+    const auto* const end = from + narrow.size();
+    while (from != end) {
+        const unsigned char byte = *from++;
+        if (byte < 0x80) {
+            *to++ = static_cast<Unit>(byte);
+        } else if (!IsLeadByte(byte)) {
+            *to++ = static_cast<Unit>(page.singles[byte]);
+        } else if (from == end || *from == 0) {
+            // The system never takes a NUL for a trail byte.
+            *to++ = static_cast<Unit>(u'?');
+        } else {
+            *to++ = static_cast<Unit>(page.pairs[byte - 0x81U][*from++]);
+        }
+    }
+    return static_cast<std::size_t>(to - begin);
+}
+
+/// Encodes into `to`, which has room for two bytes a unit, or two a wide character; gives how many there are.
+template <typename Unit>
+std::size_t Encode(std::basic_string_view<Unit> wide, char* to) {
+    const CodePageTables& page = CodePage936();
+    char* const begin = to;
+    for (const Unit character : wide) {
+        const auto unit = static_cast<std::uint32_t>(character);
+        if (sizeof(Unit) > sizeof(char16_t) && unit > 0xFFFF) {
+            *to++ = '?';
+            // A surrogate pair has two marks; what is no character at all has one.
+            if (unit <= 0x10FFFF)
+                *to++ = '?';
+            continue;
+        }
+        const std::uint16_t code = page.encoded[unit];
+        *to++ = static_cast<char>(code & 0xFF);
+        if (code > 0xFF)
+            *to++ = static_cast<char>(code >> 8);
+    }
+    return static_cast<std::size_t>(to - begin);
+}
+
+template <typename Unit>
+std::string EncodeAll(std::basic_string_view<Unit> wide) {
+    std::string narrow(2 * wide.size(), '\0');
+    narrow.resize(Encode(wide, narrow.data()));
+    return narrow;
+}
+
+template <typename Text>
+Text DecodeAll(std::string_view narrow) {
+    Text wide(narrow.size(), 0);
+    wide.resize(Decode(narrow, wide.data()));
+    return wide;
+}
+
+}  // namespace
+
+std::u16string DecodeAnsi(std::string_view narrow) {
+    return DecodeAll<std::u16string>(narrow);
+}
+
+std::wstring DecodeAnsiToWide(std::string_view narrow) {
+    return DecodeAll<std::wstring>(narrow);
+}
+
+std::string EncodeAnsi(std::u16string_view wide) {
+    return EncodeAll(wide);
+}
+
+std::string EncodeAnsi(std::wstring_view wide) {
+    return EncodeAll(wide);
+}
+
+std::size_t AnsiRoundTripLength(std::u16string_view wide) {
+    // Every unit becomes one byte or one whole pair, and those become one unit each again.
+    return wide.size();
+}
+
+}  // namespace QsPlatform
