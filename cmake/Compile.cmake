@@ -20,6 +20,10 @@ if(QSUTILS_SANITIZE)
     add_link_options(-fsanitize=${QSUTILS_SANITIZE})
 endif()
 
+if(QSUTILS_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 option(QSUTILS_COVERAGE "Count executed lines" OFF)
 if(QSUTILS_COVERAGE)
     add_compile_options(--coverage -fprofile-update=atomic)
