@@ -1,0 +1,66 @@
+# Functions that the commands of this repository share; to be sourced by bash.
+# shellcheck shell=bash
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+
+say() {
+    printf '== %s\n' "$*"
+}
+
+die() {
+    printf '%s: %s\n' "$(basename "$0")" "$*" >&2
+    exit 2
+}
+
+# The packages of the named groups in scripts/packages.txt, one a line, each once.
+packages_of() {
+    local group
+    for group in "$@"; do
+        awk -v group="$group" '$1 == group { print $2 }' "$root/scripts/packages.txt"
+    done | sort -u
+}
+
+is_installed() {
+    [[ $(dpkg-query -W -f '${db:Status-Abbrev}' "$1" 2>/dev/null) == ii* ]]
+}
+
+as_root() {
+    if [[ $(id -u) -eq 0 ]]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        die "packages have to be installed: run this as root, or install sudo"
+    fi
+}
+
+# Installs what the named groups need and the machine lacks; asks the network for nothing when all is there.
+install_packages() {
+    local package missing=()
+    if ! command -v dpkg-query >/dev/null; then
+        say "This is no Debian system: taking the needed packages for granted."
+        return
+    fi
+    for package in $(packages_of "$@"); do
+        is_installed "$package" || missing+=("$package")
+    done
+    [[ ${#missing[@]} -eq 0 ]] && return
+    say "Installing ${missing[*]}"
+    as_root apt-get update -q </dev/null &&
+        as_root env DEBIAN_FRONTEND=noninteractive \
+            apt-get install -qy --no-install-recommends "${missing[@]}" </dev/null
+}
+
+# Put in front of the programs of a build and its tests; empty unless a stage says otherwise.
+launcher=()
+
+# build PRESET [TARGET...]
+build() {
+    local preset=$1 target targets=()
+    shift
+    for target in "$@"; do
+        targets+=(--target "$target")
+    done
+    (cd "$root" && cmake --preset "$preset" >/dev/null </dev/null &&
+        "${launcher[@]}" cmake --build --preset "$preset" --parallel "$(nproc)" "${targets[@]}" </dev/null)
+}

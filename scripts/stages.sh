@@ -1,0 +1,155 @@
+# The stages of test.sh; to be sourced by it. A stage leaves its counts in `passed` and `failed`.
+# shellcheck shell=bash
+: "${root:?is set by scripts/common.sh}"
+
+stage_lines=()
+total_passed=0
+total_failed=0
+passed=0
+failed=0
+
+record_stage() {
+    stage_lines+=("$(printf '%-42s %6d passed %6d failed %6d s' "$1" "$2" "$3" "$4")")
+    total_passed=$((total_passed + $2))
+    total_failed=$((total_failed + $3))
+}
+
+# run_stage NAME FUNCTION [ARGUMENT...]
+run_stage() {
+    local name=$1 begin=$SECONDS
+    shift
+    say "Stage: $name"
+    passed=0 failed=0
+    "$@"
+    [[ $((passed + failed)) -gt 0 ]] || failed=1
+    record_stage "$name" "$passed" "$failed" $((SECONDS - begin))
+}
+
+print_summary() {
+    say "Summary"
+    printf '%s\n' "${stage_lines[@]}"
+    printf '%d passed, %d failed\n' "$total_passed" "$total_failed"
+    [[ $total_failed -eq 0 ]]
+}
+
+# check NAME COMMAND...: one case that is decided by the status of a command.
+check() {
+    local name=$1
+    shift
+    if "$@"; then
+        passed=$((passed + 1))
+    else
+        say "Failed: $name"
+        failed=$((failed + 1))
+    fi
+}
+
+# Adds the cases in a JUnit file of ctest to the counts; a stage without one has failed as a whole.
+count_junit() {
+    local file=$1 key
+    local -A count=()
+    if [[ ! -s $file ]]; then
+        failed=$((failed + 1))
+        return
+    fi
+    for key in tests failures disabled skipped; do
+        count[$key]=$(grep -om1 "$key=\"[0-9]*\"" "$file" | tr -dc 0-9)
+    done
+    failed=$((failed + count[failures]))
+    passed=$((passed + count[tests] - count[failures] - count[disabled] - count[skipped]))
+}
+
+# run_tests PRESET: builds everything and runs all cases. Only what didn't pass is printed.
+run_tests() {
+    local preset=$1 junit
+    junit=$root/build/$preset/junit.xml
+    if ! build "$preset"; then
+        say "The build of preset $preset has failed."
+        failed=1
+        return
+    fi
+    rm -f "$junit"
+    (cd "$root" && "${launcher[@]}" ctest --preset "$preset" --parallel "$(nproc)" --no-tests=error \
+        --output-junit "$junit" </dev/null) |
+        grep -Ev '^ *Start +[0-9]+: |^ *[0-9]+/[0-9]+ Test +#[0-9]+: .* Passed +[0-9.]+ sec$'
+    count_junit "$junit"
+}
+
+# Where the kernel spreads addresses widely, ThreadSanitizer finds its shadow taken; it is run without the spread
+# wherever that may be asked for.
+run_thread_tests() {
+    if setarch "$(uname -m)" -R true 2>/dev/null; then
+        launcher=(setarch "$(uname -m)" -R)
+    fi
+    run_tests tsan
+    launcher=()
+}
+
+run_coverage() {
+    find "$root/build/coverage" -name '*.gcda' -delete 2>/dev/null
+    run_tests coverage
+    mkdir -p "$root/build/coverage/html"
+    check "95 % of the library's lines" gcovr --root "$root" --filter "$root/QsUtils/" -j "$(nproc)" \
+        --exclude-throw-branches --html-details "$root/build/coverage/html/index.html" --txt - \
+        --print-summary --fail-under-line 95 "$root/build/coverage"
+}
+
+# run_fuzzer PROGRAM SECONDS: a find is left in build/fuzz/finds, and the tail of the log is printed.
+run_fuzzer() {
+    local program=$1 seconds=$2 name folder options=()
+    name=$(basename "$program")
+    folder=$root/build/fuzz
+    mkdir -p "$folder/corpus/$name" "$folder/finds"
+    [[ -f $root/fuzz/$name.dict ]] && options+=("-dict=$root/fuzz/$name.dict")
+    options+=("$folder/corpus/$name")
+    [[ -d $root/fuzz/corpus/$name ]] && options+=("$root/fuzz/corpus/$name")
+    if ! "$program" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=4096 \
+        -artifact_prefix="$folder/finds/$name-" "${options[@]}" >"$folder/$name.log" 2>&1 </dev/null; then
+        tail -n 60 "$folder/$name.log"
+        return 1
+    fi
+    printf '%-24s %s\n' "$name" "$(grep -E '^Done ' "$folder/$name.log")"
+}
+
+# run_fuzzers SECONDS
+run_fuzzers() {
+    local programs=() program share
+    if ! build fuzz fuzzers; then
+        say "The build of the fuzzers has failed."
+        failed=1
+        return
+    fi
+    for program in "$root"/fuzz/*Fuzz.cpp; do
+        [[ -e $program ]] && programs+=("$root/build/fuzz/fuzz/$(basename "$program" .cpp)")
+    done
+    [[ ${#programs[@]} -gt 0 ]] || return
+    share=$(($1 / ${#programs[@]}))
+    for program in "${programs[@]}"; do
+        check "$(basename "$program")" run_fuzzer "$program" $((share > 0 ? share : 1))
+    done
+}
+
+sources() {
+    find "$root"/{QsUtils,hosts,tests,fuzz,bench} \( -name '*.h' -o -name '*.cpp' \) -print0
+}
+
+check_format() {
+    sources | xargs -0 clang-format-14 --dry-run -Werror
+}
+
+# clang-tidy reads the sources as clang does, so it is given clang's command lines.
+check_tidy() {
+    (cd "$root" && cmake --preset lint >/dev/null </dev/null) &&
+        find "$root/QsUtils" -name '*.cpp' -print0 |
+        xargs -0 -n 1 -P "$(nproc)" clang-tidy-14 -p "$root/build/lint" --quiet 2>/dev/null
+}
+
+check_scripts() {
+    (cd "$root" && shellcheck -x run.sh test.sh .ci/run scripts/*.sh)
+}
+
+run_lint() {
+    check "clang-format" check_format
+    check "clang-tidy" check_tidy
+    check "shellcheck" check_scripts
+}

@@ -1,0 +1,68 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds the tests and runs them. See --help.
+set -uo pipefail
+# shellcheck source=scripts/common.sh
+source "$(dirname "${BASH_SOURCE[0]}")/scripts/common.sh"
+# shellcheck source=scripts/stages.sh
+source "$root/scripts/stages.sh"
+
+usage() {
+    cat <<'END'
+Usage: ./test.sh [OPTION...]
+
+Builds the release and runs its tests. Options add stages:
+
+  --sanitize      the tests under AddressSanitizer and UndefinedBehaviorSanitizer, then under ThreadSanitizer
+  --fuzz SECONDS  the fuzzers, which share the time equally
+  --coverage      the tests with counted lines; fails when fewer than 95 % of the library's lines were run
+  --lint          the format of all sources, clang-tidy on the library, shellcheck on the scripts
+  --all           all of these, with a minute of fuzzing unless --fuzz says otherwise
+  --help          this text
+
+Missing Debian packages are installed first. The last line tells how many test cases passed and failed over all
+stages; the status is 0 when none failed, 1 when some did, 2 for a wrong call.
+END
+}
+
+sanitize=no coverage=no lint=no fuzz_seconds=0
+while [[ $# -gt 0 ]]; do
+    case $1 in
+        --sanitize) sanitize=yes ;;
+        --coverage) coverage=yes ;;
+        --lint) lint=yes ;;
+        --fuzz)
+            [[ ${2:-} =~ ^[1-9][0-9]{0,6}$ ]] || die "--fuzz needs a number of seconds"
+            fuzz_seconds=$2
+            shift
+            ;;
+        --all)
+            sanitize=yes coverage=yes lint=yes
+            [[ $fuzz_seconds -gt 0 ]] || fuzz_seconds=60
+            ;;
+        --help | -h)
+            usage
+            exit 0
+            ;;
+        *) die "unknown option $1; see --help" ;;
+    esac
+    shift
+done
+
+groups=(build)
+[[ $fuzz_seconds -gt 0 ]] && groups+=(clang)
+[[ $coverage == yes ]] && groups+=(coverage)
+[[ $lint == yes ]] && groups+=(lint)
+
+if install_packages "${groups[@]}"; then
+    run_stage "tests" run_tests release
+    if [[ $sanitize == yes ]]; then
+        run_stage "tests, address and undefined behaviour" run_tests asan
+        run_stage "tests, threads" run_thread_tests
+    fi
+    [[ $coverage == yes ]] && run_stage "line coverage" run_coverage
+    [[ $fuzz_seconds -gt 0 ]] && run_stage "fuzzers" run_fuzzers "$fuzz_seconds"
+    [[ $lint == yes ]] && run_stage "lint" run_lint
+else
+    record_stage "packages" 0 1 "$SECONDS"
+fi
+print_summary
