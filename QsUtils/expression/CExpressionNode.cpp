@@ -10,84 +10,6 @@
 
 namespace ExpressionAnalyse {
 
-namespace {
-
-/// Below this magnitude a divisor counts as zero.
-constexpr double LeastDivisor = 1e-7;
-
-struct NamedOperation {
-    std::u16string_view name;
-    Operation operation;
-};
-
-constexpr NamedOperation NamedOperations[] = {
-    {u"+", Operation::Add},    {u"-", Operation::Subtract},    {u"*", Operation::Multiply},
-    {u"/", Operation::Divide}, {u"^", Operation::ExclusiveOr}, {u"fabs", Operation::Fabs},
-    {u"sin", Operation::Sin},  {u"cos", Operation::Cos},       {u"tan", Operation::Tan},
-    {u"ln", Operation::Ln},    {u"sqrt", Operation::Sqrt},     {u"exp", Operation::Exp},
-};
-
-constexpr std::size_t LongestName = 4;
-
-/// A double as a 32-bit int, truncated; one that doesn't fit gives the smallest int, as the processor does.
-std::int32_t Truncated(double value) {
-    constexpr double Beyond = 2147483648.0;
-    return value > -Beyond - 1 && value < Beyond ? static_cast<std::int32_t>(value) : INT32_MIN;
-}
-
-double OperatorValue(Operation operation, double a, double b, double unchanged) {
-    switch (operation) {
-        case Operation::Add:
-            return b + a;
-        case Operation::Subtract:
-            return a - b;
-        case Operation::Multiply:
-            return b * a;
-        case Operation::Divide:
-            return std::fabs(b) <= LeastDivisor ? 0.0 : a / b;
-        case Operation::ExclusiveOr:
-            return Truncated(a) ^ Truncated(b);
-        default:
-            return unchanged;
-    }
-}
-
-double FunctionValue(Operation operation, double a, double unchanged) {
-    switch (operation) {
-        case Operation::Fabs:
-            return std::fabs(a);
-        case Operation::Sin:
-            return std::sin(a);
-        case Operation::Cos:
-            return std::cos(a);
-        case Operation::Tan:
-            return std::tan(a);
-        case Operation::Ln:
-            return std::log(a);
-        case Operation::Sqrt:
-            return std::sqrt(a);
-        case Operation::Exp:
-            return std::exp(a);
-        default:
-            return unchanged;
-    }
-}
-
-}  // namespace
-
-Operation OperationOf(std::u16string_view text) noexcept {
-    if (text.empty() || text.size() > LongestName)
-        return Operation::Other;
-    char16_t lower[LongestName];
-    std::transform(text.begin(), text.end(), lower, [](char16_t unit) {
-        return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit - u'A' + u'a') : unit;
-    });
-    for (const NamedOperation& named : NamedOperations)
-        if (named.name == std::u16string_view(lower, text.size()))
-            return named.operation;
-    return Operation::Other;
-}
-
 ChildLink::ChildLink(IExpressionNode* node) noexcept : m_address(reinterpret_cast<std::uintptr_t>(node)) {
     if (node != nullptr && typeid(*node) != typeid(CExpressionNode))
         m_address |= HostBit;
@@ -116,7 +38,19 @@ void CExpressionNode::AssignText(std::u16string_view text) {
     std::copy(text.begin(), text.end(), const_cast<char16_t*>(m_text));
     m_length = static_cast<std::uint32_t>(text.size());
     m_operation = Operation::Unread;
-    m_isValueKnown = false;
+    if (m_nNodeType == eNodeType_Operand)
+        CalcOperand();
+    else
+        Arena()->SetChanged();  // the operation is no longer the one parsed
+}
+
+/// The value of an operand is known at all times, so that a sweep needn't look at it.
+void CExpressionNode::CalcOperand() noexcept {
+    if (m_nNodeType != eNodeType_Operand)
+        return;
+    m_dValue = OperandValue(Text());
+    if (m_bNegative)
+        m_dValue *= -1.0;
 }
 
 void CExpressionNode::FreeText() noexcept {
@@ -127,7 +61,7 @@ void CExpressionNode::FreeText() noexcept {
 }
 
 void CExpressionNode::SetNodeText(const CString& text) {
-    AssignText(text.View());
+    Unfolded().AssignText(text.View());
 }
 
 void CExpressionNode::SetLeafText(const CString& text) {
@@ -136,73 +70,85 @@ void CExpressionNode::SetLeafText(const CString& text) {
 }
 
 void CExpressionNode::SetNegative(bool negative) {
-    m_bNegative = negative;
-    m_isValueKnown = false;
+    Unfolded().m_bNegative = negative;
+    CalcOperand();
 }
 
 void CExpressionNode::SetNodeType(std::int32_t type) {
-    m_nNodeType = type;
-    m_isValueKnown = false;
+    Unfolded().m_nNodeType = type;
+    Arena()->SetChanged();
+    CalcOperand();
 }
 
 bool CExpressionNode::IsNumber() {
-    const std::u16string_view text = Text();
+    const std::u16string_view text = Unfolded().Text();
     return !text.empty() && std::all_of(text.begin(), text.end(),
                                         [](char16_t unit) { return unit == u'.' || QsText::IsDigit(unit); });
 }
 
-double CExpressionNode::OperandValue() const noexcept {
-    const std::u16string_view text = Text();
-    std::size_t sign = text.find(u'%');
-    if (sign != std::u16string_view::npos)
-        return QsText::ReadDouble(text.substr(0, sign)) / 100.0;
-    sign = text.find(u'‰');
-    if (sign != std::u16string_view::npos)
-        return QsText::ReadDouble(text.substr(0, sign)) / 1000.0;
-    return QsText::ReadDouble(text);
-}
-
 double CExpressionNode::CalcFrom(double left, double right) noexcept {
-    if (m_nNodeType == eNodeType_Operand) {
-        if (m_isValueKnown)
+    switch (m_nNodeType) {
+        case eNodeType_Operand:
             return m_dValue;
-        m_dValue = OperandValue();
-        m_isValueKnown = true;
-    } else if (m_nNodeType == eNodeType_Bracket) {
-        m_dValue = left;
-    } else {
-        if (m_operation == Operation::Unread)
-            m_operation = OperationOf(Text());
-        if (m_nNodeType == eNodeType_Operator)
-            m_dValue = OperatorValue(m_operation, left, right, m_dValue);
-        else if (m_nNodeType == eNodeType_Function)
-            m_dValue = FunctionValue(m_operation, left, m_dValue);
+        case eNodeType_Bracket:
+            m_dValue = left;
+            break;
+        case eNodeType_Operator:
+        case eNodeType_Function:
+            if (m_operation == Operation::Unread)
+                m_operation = OperationOf(Text());
+            m_dValue = m_nNodeType == eNodeType_Operator ? OperatorValue(m_operation, left, right, m_dValue)
+                                                         : FunctionValue(m_operation, left, m_dValue);
+            break;
+        default:
+            break;  // a type that a host made up: the value stays
     }
     if (m_bNegative)
         m_dValue *= -1.0;
     return m_dValue;
 }
 
-/// Whether the whole parse is this node's tree, so that a sweep over the places meets each node once.
-bool CExpressionNode::CanSweep() const noexcept {
-    return m_isRoot && const_cast<CExpressionNode*>(this)->Arena()->IsAsParsed();
+/// The value of a child in a tree as it was parsed; 0 for none.
+double CExpressionNode::ParsedValue(const ChildLink& link) noexcept {
+    const CExpressionNode* const child = link.Parsed();
+    return child == nullptr ? 0.0 : child->m_dValue;
 }
 
-/// Calculates all nodes of the parse from the last to the first: children stand behind their parents.
-double CExpressionNode::Sweep() noexcept {
-    for (NodeBlock* block = Arena()->NewestBlock(); block != nullptr; block = block->older) {
-        CExpressionNode* const first = block->Nodes();
-        for (CExpressionNode* node = first + block->used; node-- != first;) {
-            const CExpressionNode* const left = node->m_pLeft.Own();
-            const CExpressionNode* const right = node->m_pRight.Own();
-            node->CalcFrom(left == nullptr ? 0.0 : left->m_dValue, right == nullptr ? 0.0 : right->m_dValue);
-        }
+/// `CalcFrom` for a branch of a tree as it was parsed, whose operation is known.
+inline void CExpressionNode::CalcParsed() noexcept {
+    switch (m_operation) {
+        case Operation::Add:
+            m_dValue = m_pRight.Parsed()->m_dValue + m_pLeft.Parsed()->m_dValue;
+            break;
+        case Operation::Subtract:
+            m_dValue = m_pLeft.Parsed()->m_dValue - m_pRight.Parsed()->m_dValue;
+            break;
+        case Operation::Multiply:
+            m_dValue = m_pRight.Parsed()->m_dValue * m_pLeft.Parsed()->m_dValue;
+            break;
+        default:
+            CalcFrom(ParsedValue(m_pLeft), ParsedValue(m_pRight));
+            return;
     }
+    if (m_bNegative)
+        m_dValue *= -1.0;
+}
+
+/// Calculates the whole parse from its last branch to the root: children stand behind their parents.
+double CExpressionNode::Sweep() noexcept {
+    if (NodeBlock* const branches = Arena()->Branches(); branches != nullptr) {
+        CExpressionNode* const first = branches->Nodes();
+        for (CExpressionNode* node = first + branches->used; node-- != first;)
+            node->CalcParsed();
+    }
+    CalcParsed();
     return m_dValue;
 }
 
 double CExpressionNode::CalcValue() {
-    return CanSweep() ? Sweep() : CalculateTree(*this);
+    if (m_isFolded)
+        return m_dValue;
+    return IsRoot() && Arena()->IsAsParsed() ? Sweep() : CalculateTree(*this);
 }
 
 CString CExpressionNode::ToString() {

@@ -6,12 +6,13 @@ namespace {
 
 enum UnitClass : std::uint8_t { Plain, Blank, SumUnit, ProductUnit, OpenUnit, CloseUnit = OpenUnit + 3 };
 
+/// The classes of the units up to U+00FF; all others are plain.
 constexpr auto UnitClasses = [] {
-    std::array<std::uint8_t, 128> classes{};
+    std::array<std::uint8_t, 256> classes{};
     classes[u' '] = Blank;
     for (const char16_t unit : {u'+', u'-'})
         classes[unit] = SumUnit;
-    for (const char16_t unit : {u'*', u'/', u'^'})
+    for (const char16_t unit : {u'*', u'/', u'^', u'×', u'÷'})
         classes[unit] = ProductUnit;
     constexpr std::u16string_view Brackets = u"([{)]}";
     for (std::size_t i = 0; i < Brackets.size(); ++i)
@@ -23,75 +24,71 @@ std::uint8_t ClassOf(char16_t unit) {
     return unit < UnitClasses.size() ? UnitClasses[unit] : static_cast<std::uint8_t>(Plain);
 }
 
+char16_t ProductOperator(char16_t unit) {
+    return unit == u'×' ? u'*' : unit == u'÷' ? u'/' : unit;
+}
+
 }  // namespace
 
 FormulaText::FormulaText(std::u16string_view text) {
-    m_markCount = CopyUnits(text);
-    AddMarks();
-    if (m_hasBrackets)
-        CountBrackets();
-}
-
-/// Copies what stays of the text and returns how many marks it has.
-std::uint32_t FormulaText::CopyUnits(std::u16string_view text) {
     char16_t* const units = m_units.Reserve(text.size());
+    Mark* const marks = m_marks.Reserve(text.size() + 1);  // memory behind the last one stays untouched
     std::uint32_t length = 0;
-    std::uint32_t marks = 0;
-    for (char16_t unit : text) {
-        if (unit >= UnitClasses.size()) {
-            if (unit == u'×')
-                unit = u'*';
-            else if (unit == u'÷')
-                unit = u'/';
-        }
+    std::uint32_t count = 0;
+    std::uint32_t lastProduct = Mark::None;
+    for (const char16_t unit : text) {
         const std::uint8_t unitClass = ClassOf(unit);
         units[length] = unit;
-        length += unitClass != Blank;
-        marks += unitClass > Blank;
+        if (unitClass == Plain) {
+            ++length;
+            continue;
+        }
+        if (unitClass == Blank)
+            continue;
+        marks[count] = {length, Mark::None, lastProduct, MarkKind::Sum, 0};
+        if (unitClass == ProductUnit) {
+            units[length] = ProductOperator(unit);
+            marks[count].kind = MarkKind::Product;
+            lastProduct = count;
+        } else if (unitClass >= CloseUnit) {
+            AddClosing(count, unitClass - CloseUnit);
+        } else if (unitClass >= OpenUnit) {
+            AddOpening(count, unitClass - OpenUnit);
+        }
+        ++length;
+        ++count;
     }
+    marks[count] = {length, Mark::None, lastProduct, MarkKind::End, 0};
     m_length = length;
-    return marks;
+    m_markCount = count;
+    m_isNested = m_isNested && m_innermost == Mark::None;
 }
 
-void FormulaText::AddMarks() {
-    Mark* const marks = m_marks.Reserve(m_markCount + std::size_t{1});
-    const char16_t* const units = m_units.Data();
-    Mark* mark = marks;
-    std::uint32_t lastProduct = Mark::None;
-    std::uint32_t innermost = Mark::None;  // the open brackets, linked through their partners
-    for (std::uint32_t i = 0; i < m_length; ++i) {
-        const std::uint8_t unitClass = ClassOf(units[i]);
-        if (unitClass == Plain)
-            continue;
-        const auto index = static_cast<std::uint32_t>(mark - marks);
-        *mark = {i, Mark::None, lastProduct, MarkKind::Sum, 0};
-        if (unitClass == ProductUnit) {
-            mark->kind = MarkKind::Product;
-            lastProduct = index;
-        } else if (unitClass >= CloseUnit) {
-            mark->kind = MarkKind::Close;
-            mark->bracket = static_cast<std::uint8_t>(unitClass - CloseUnit);
-            if (innermost == Mark::None || marks[innermost].bracket != mark->bracket) {
-                m_isNested = false;
-                innermost = Mark::None;
-            } else {
-                const std::uint32_t outer = marks[innermost].partner;
-                marks[innermost].partner = index;
-                innermost = outer;
-            }
-        } else if (unitClass >= OpenUnit) {
-            mark->kind = MarkKind::Open;
-            mark->bracket = static_cast<std::uint8_t>(unitClass - OpenUnit);
-            mark->partner = innermost;
-            innermost = index;
-            m_hasBrackets = true;
-            ++m_openBrackets;
-        }
-        m_hasBrackets = m_hasBrackets || unitClass >= OpenUnit;
-        ++mark;
+void FormulaText::AddOpening(std::uint32_t index, int bracket) noexcept {
+    Mark& mark = m_marks.Data()[index];
+    mark.kind = MarkKind::Open;
+    mark.bracket = static_cast<std::uint8_t>(bracket);
+    mark.partner = m_innermost;
+    m_innermost = index;
+    ++m_leftOpen[mark.bracket];
+    ++m_openBrackets;
+    m_hasBrackets = true;
+}
+
+void FormulaText::AddClosing(std::uint32_t index, int bracket) noexcept {
+    Mark* const marks = m_marks.Data();
+    marks[index].kind = MarkKind::Close;
+    marks[index].bracket = static_cast<std::uint8_t>(bracket);
+    --m_leftOpen[marks[index].bracket];
+    m_hasBrackets = true;
+    if (m_innermost == Mark::None || marks[m_innermost].bracket != marks[index].bracket) {
+        m_isNested = false;
+        m_innermost = Mark::None;
+        return;
     }
-    *mark = {m_length, Mark::None, lastProduct, MarkKind::End, 0};
-    m_isNested = m_isNested && innermost == Mark::None;
+    const std::uint32_t outer = marks[m_innermost].partner;
+    marks[m_innermost].partner = index;
+    m_innermost = outer;
 }
 
 void FormulaText::CountBrackets() {
@@ -105,15 +102,13 @@ void FormulaText::CountBrackets() {
         else if (mark.kind == MarkKind::Close)
             --open[mark.bracket];
     }
+    m_isCounted = true;
 }
 
 int FormulaText::BracketError() const noexcept {
-    if (!m_hasBrackets)
-        return 0;
-    const OpenCounts& open = CountsAt(m_markCount);
     constexpr int FirstError = 2;
-    for (std::size_t kind = 0; kind < open.size(); ++kind)
-        if (open[kind] != 0)
+    for (std::size_t kind = 0; kind < m_leftOpen.size(); ++kind)
+        if (m_leftOpen[kind] != 0)
             return FirstError + static_cast<int>(kind);
     return 0;
 }

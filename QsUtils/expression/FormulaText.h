@@ -3,8 +3,9 @@
 
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <string_view>
+
+#include "QsUtils/expression/Scratch.h"
 
 namespace ExpressionAnalyse {
 
@@ -24,28 +25,6 @@ struct Mark {
 /// How many brackets of each kind are open in front of a place; negative behind more closings.
 using OpenCounts = std::array<std::int32_t, 3>;
 
-/// An array that needs no allocation while it is small.
-template <typename T, std::size_t Inline>
-class Scratch {
-public:
-    T* Reserve(std::size_t count) {
-        if (count > Inline) {
-            m_heap = std::make_unique_for_overwrite<T[]>(count);
-            m_data = m_heap.get();
-        }
-        return m_data;
-    }
-    T* Data() noexcept { return m_data; }
-    const T* Data() const noexcept { return m_data; }
-    /// The heap's array, handed over; null when the items stand in the object.
-    std::unique_ptr<T[]> Release() noexcept { return std::move(m_heap); }
-
-private:
-    std::array<T, Inline> m_inline;
-    std::unique_ptr<T[]> m_heap;
-    T* m_data = m_inline.data();
-};
-
 /// The text with "×" and "÷" replaced and blanks removed, and its marks. Made in one pass.
 class FormulaText {
 public:
@@ -58,8 +37,6 @@ public:
 
     char16_t* Units() noexcept { return m_units.Data(); }
     std::uint32_t Length() const noexcept { return m_length; }
-    /// Gives the units away when they stand on the heap; else null.
-    std::unique_ptr<char16_t[]> ReleaseUnits() noexcept { return m_units.Release(); }
 
     const Mark* Marks() const noexcept { return m_marks.Data(); }
     /// Without the one at the end.
@@ -69,26 +46,34 @@ public:
     bool HasBrackets() const noexcept { return m_hasBrackets; }
     /// Whether each closing bracket closes the last one opened, of its own kind.
     bool IsProperlyNested() const noexcept { return m_isNested; }
-    /// The open brackets in front of a mark; only for a text with brackets.
-    const OpenCounts& CountsAt(std::uint32_t mark) const noexcept { return m_counts.Data()[mark]; }
+    /// The open brackets in front of a mark; only for a text with brackets, and counted when first asked for.
+    const OpenCounts& CountsAt(std::uint32_t mark) {
+        if (!m_isCounted)
+            CountBrackets();
+        return m_counts.Data()[mark];
+    }
 
 private:
     // Inline room for the formulas that people write by hand.
     static constexpr std::size_t InlineUnits = 192;
-    static constexpr std::size_t InlineMarks = 48;
+    static constexpr std::size_t InlineMarks = InlineUnits + 1;
+    static constexpr std::size_t InlineCounts = 64;
 
-    void AddMarks();
+    void AddOpening(std::uint32_t index, int bracket) noexcept;
+    void AddClosing(std::uint32_t index, int bracket) noexcept;
     void CountBrackets();
-    std::uint32_t CopyUnits(std::u16string_view text);
 
     Scratch<char16_t, InlineUnits> m_units;
     Scratch<Mark, InlineMarks> m_marks;
-    Scratch<OpenCounts, InlineMarks> m_counts;
+    Scratch<OpenCounts, InlineCounts> m_counts;
     std::uint32_t m_length = 0;
     std::uint32_t m_markCount = 0;
     std::uint32_t m_openBrackets = 0;
+    std::uint32_t m_innermost = Mark::None;  // the open brackets, linked through their partners
+    OpenCounts m_leftOpen{};                 // in the end
     bool m_hasBrackets = false;
     bool m_isNested = true;
+    bool m_isCounted = false;
 };
 
 }  // namespace ExpressionAnalyse

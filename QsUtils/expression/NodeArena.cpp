@@ -1,8 +1,10 @@
 #include "QsUtils/expression/NodeArena.h"
 
 #include <algorithm>
+#include <new>
 
 #include "QsUtils/expression/CExpressionNode.h"
+#include "QsUtils/platform/LargeMemory.h"
 
 namespace ExpressionAnalyse {
 
@@ -16,8 +18,19 @@ constexpr std::size_t Aligned(std::size_t bytes) {
 constexpr std::size_t BlockHead = Aligned(sizeof(NodeBlock));
 constexpr std::size_t ArenaHead = Aligned(sizeof(NodeArena));
 
-NodeBlock* MakeBlock(void* memory, NodeArena* arena, NodeBlock* older, std::size_t capacity) {
-    return new (memory) NodeBlock{arena, older, 0, static_cast<std::uint32_t>(capacity)};
+constexpr std::size_t TextAt = ArenaHead + BlockHead + sizeof(CExpressionNode);
+
+constexpr std::size_t ArenaBytes(std::size_t units) {
+    return TextAt + units * sizeof(char16_t);
+}
+
+constexpr std::size_t BlockBytes(std::size_t capacity) {
+    return BlockHead + capacity * sizeof(CExpressionNode);
+}
+
+void FreeBlock(NodeBlock* block) {
+    if (block != nullptr)
+        QsPlatform::FreeLarge(block, BlockBytes(block->capacity));
 }
 
 }  // namespace
@@ -30,37 +43,57 @@ NodeBlock* NodeBlock::OfNodes(CExpressionNode* nodes) noexcept {
     return reinterpret_cast<NodeBlock*>(reinterpret_cast<std::byte*>(nodes) - BlockHead);
 }
 
-CExpressionNode* NodeArena::Place(std::uint32_t slot) noexcept {
-    return m_newest->Nodes() + slot;
-}
-
-NodeArena* NodeArena::Create(std::size_t capacity, std::size_t units) {
-    // One allocation for the arena, its first block and its text: most formulas need no other.
-    const std::size_t textAt = ArenaHead + BlockHead + capacity * sizeof(CExpressionNode);
-    auto* const memory = static_cast<std::byte*>(::operator new(textAt + units * sizeof(char16_t)));
+NodeArena* NodeArena::Create(std::u16string_view text, NodeCounts counts) {
+    // One allocation for the arena, the root's place and the text: a formula that is only calculated needs no
+    // other.
+    auto* const memory = static_cast<std::byte*>(QsPlatform::AllocateLarge(ArenaBytes(text.size())));
     auto* const arena = new (memory) NodeArena;
-    arena->m_newest = MakeBlock(memory + ArenaHead, arena, nullptr, capacity);
-    arena->m_text = reinterpret_cast<char16_t*>(memory + textAt);
+    new (memory + ArenaHead) NodeBlock{arena, 1, 1};
+    arena->m_text = reinterpret_cast<char16_t*>(memory + TextAt);
+    arena->m_textLength = text.size();
+    arena->m_counts = counts;
+    std::copy(text.begin(), text.end(), arena->m_text);
     return arena;
 }
 
-void NodeArena::AddBlock() {
-    constexpr std::size_t SmallestBlock = 64;
-    constexpr std::size_t LargestBlock = 65536;
-    const std::size_t capacity = std::clamp<std::size_t>(2 * std::size_t{m_newest->capacity}, SmallestBlock, LargestBlock);
-    void* const memory = ::operator new(BlockHead + capacity * sizeof(CExpressionNode));
-    m_newest = MakeBlock(memory, this, m_newest, capacity);
+NodeBlock& NodeArena::RootBlock() noexcept {
+    return *reinterpret_cast<NodeBlock*>(reinterpret_cast<std::byte*>(this) + ArenaHead);
+}
+
+CExpressionNode* NodeArena::RootPlace() noexcept {
+    return RootBlock().Nodes();
+}
+
+NodeBlock* NodeArena::AddBlock(std::size_t capacity) {
+    void* const memory = QsPlatform::AllocateLarge(BlockBytes(capacity));
+    return new (memory) NodeBlock{this, 0, static_cast<std::uint32_t>(capacity)};
+}
+
+void NodeArena::AddBlocks() {
+    // The root has its place already, as the one or as the other.
+    if (m_counts.branches > 1)
+        m_branches = AddBlock(m_counts.branches - 1);
+    if (m_counts.branches > 0 && m_counts.operands > 0)
+        m_operands = AddBlock(m_counts.operands);
+}
+
+void NodeArena::DropBlocks() noexcept {
+    FreeBlock(m_branches);
+    FreeBlock(m_operands);
+    m_branches = nullptr;
+    m_operands = nullptr;
+}
+
+CExpressionNode* NodeArena::Next(NodeBlock& block, std::uint32_t& slot) noexcept {
+    slot = block.used++;
+    return block.Nodes() + slot;
 }
 
 void NodeArena::Destroy() noexcept {
-    NodeBlock* block = m_newest;
-    while (block->older != nullptr) {
-        NodeBlock* const older = block->older;
-        ::operator delete(block);
-        block = older;
-    }
+    const std::size_t bytes = ArenaBytes(m_textLength);
+    DropBlocks();
     this->~NodeArena();
-    ::operator delete(static_cast<void*>(this));  // with the first block
+    QsPlatform::FreeLarge(this, bytes);  // with the root's place and the text
 }
 
 }  // namespace ExpressionAnalyse

@@ -4,8 +4,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
-#include <new>
+#include <string_view>
 
 namespace ExpressionAnalyse {
 
@@ -15,7 +14,6 @@ class NodeArena;
 /// A run of places for nodes, followed by them. A node finds its block by its own place in it.
 struct NodeBlock {
     NodeArena* arena;
-    NodeBlock* older;
     std::uint32_t used;
     std::uint32_t capacity;
 
@@ -23,40 +21,51 @@ struct NodeBlock {
     static NodeBlock* OfNodes(CExpressionNode* nodes) noexcept;
 };
 
+/// How many nodes of each sort a parse makes: operands, and all others.
+struct NodeCounts {
+    std::size_t branches = 0;
+    std::size_t operands = 0;
+};
+
 /// Holds the nodes of one parse and the text that their operands lie in. A host may delete any node by itself
-/// and keep the others, so the arena goes with the last of its places: a place is free again when its node
+/// and keep the others, so the arena goes with the last of its places: a place is given back when its node
 /// has been deleted and no other node points to it. Such subtrees may belong to different threads.
 class NodeArena {
 public:
-    /// An arena with `capacity` places at hand and room for `units` code units of text; more places are added
-    /// as they are needed. Raises `std::bad_alloc`.
-    static NodeArena* Create(std::size_t capacity, std::size_t units);
+    /// An arena with one place, for the root, and a copy of the formula's text. Raises `std::bad_alloc`.
+    static NodeArena* Create(std::u16string_view text, NodeCounts counts);
     /// Frees all places, whatever is in them.
     void Destroy() noexcept;
 
-    /// The next place, not yet constructed, and its number in its block.
-    CExpressionNode* Allocate(std::uint32_t& slot) {
-        if (m_newest->used == m_newest->capacity)
-            AddBlock();
-        slot = m_newest->used++;
-        ++m_placesMade;
-        return Place(slot);
-    }
+    /// The formula's text, and how many nodes it makes.
+    char16_t* Text() noexcept { return m_text; }
+    std::size_t TextLength() const noexcept { return m_textLength; }
+    NodeCounts Counts() const noexcept { return m_counts; }
+
+    CExpressionNode* RootPlace() noexcept;
+    /// Makes room for all nodes but the root. Raises `std::bad_alloc`.
+    void AddBlocks();
+    /// Takes that room away again; nothing in it must be in use.
+    void DropBlocks() noexcept;
+    /// The next place, not yet constructed, and its number in its block. `AddBlocks` has made room for as many
+    /// as the counts say.
+    CExpressionNode* NextBranch(std::uint32_t& slot) noexcept { return Next(*m_branches, slot); }
+    CExpressionNode* NextOperand(std::uint32_t& slot) noexcept { return Next(*m_operands, slot); }
+
     /// Ends the making of nodes: from now on places are only given back.
-    void Seal() noexcept { m_places.store(m_placesMade, std::memory_order_relaxed); }
+    void Seal() noexcept { m_places.store(m_counts.branches + m_counts.operands, std::memory_order_relaxed); }
     /// Gives one place back; with the last one the arena goes.
     void Release() noexcept {
         if (m_places.fetch_sub(1, std::memory_order_acq_rel) == 1)
             Destroy();
     }
 
-    /// Where the text is kept: in the arena, or in an array of its own that it takes over.
-    char16_t* Text() noexcept { return m_text; }
-    void AdoptText(std::unique_ptr<char16_t[]> text) noexcept { m_adoptedText = std::move(text); }
+    /// The blocks that hold nodes, for walks over all: branches stand behind their parents.
+    NodeBlock& RootBlock() noexcept;
+    NodeBlock* Branches() noexcept { return m_branches; }
+    NodeBlock* Operands() noexcept { return m_operands; }
 
-    NodeBlock* NewestBlock() noexcept { return m_newest; }
-
-    /// Whether the nodes still hang together as they were parsed. Then each node stands behind its parent.
+    /// Whether the nodes still hang together, and have the types, as they were parsed.
     bool IsAsParsed() const noexcept { return m_isAsParsed.load(std::memory_order_relaxed); }
     void SetChanged() noexcept {
         if (IsAsParsed())
@@ -72,14 +81,15 @@ public:
 private:
     NodeArena() noexcept = default;
     ~NodeArena() = default;
-    void AddBlock();
-    CExpressionNode* Place(std::uint32_t slot) noexcept;
+    NodeBlock* AddBlock(std::size_t capacity);
+    static CExpressionNode* Next(NodeBlock& block, std::uint32_t& slot) noexcept;
 
-    NodeBlock* m_newest = nullptr;
+    NodeBlock* m_branches = nullptr;
+    NodeBlock* m_operands = nullptr;
     char16_t* m_text = nullptr;
-    std::unique_ptr<char16_t[]> m_adoptedText;
-    std::uint64_t m_placesMade = 0;
-    std::atomic<std::uint64_t> m_places{0};
+    std::size_t m_textLength = 0;
+    NodeCounts m_counts;
+    std::atomic<std::size_t> m_places{1};
     std::atomic<bool> m_isAsParsed{true};
     std::atomic<bool> m_hasOwnTexts{false};
 };

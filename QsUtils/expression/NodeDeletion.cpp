@@ -25,10 +25,6 @@ private:
     std::vector<CExpressionNode*> m_survivors;  // likewise
 };
 
-NodeBlock* CExpressionNode::Block() noexcept {
-    return NodeBlock::OfNodes(this - m_slot);
-}
-
 void CExpressionNode::SetChild(ChildLink& child, IExpressionNode* node) noexcept {
     const ChildLink old = child;
     child = ChildLink(node);
@@ -59,11 +55,11 @@ void CExpressionNode::DeleteTree() noexcept {
 /// Frees the parse at once if this is its root and nothing has been moved: the usual end of a formula.
 bool CExpressionNode::DeleteWholeParse() noexcept {
     NodeArena* const arena = Arena();
-    if (!m_isRoot || !arena->IsAsParsed())
+    if (!IsRoot() || m_holders != 0 || !arena->IsAsParsed())
         return false;
     if (arena->HasOwnTexts()) {
-        for (NodeBlock* block = arena->NewestBlock(); block != nullptr; block = block->older)
-            for (std::uint32_t i = 0; i < block->used; ++i)
+        for (NodeBlock* block : {&arena->RootBlock(), arena->Branches(), arena->Operands()})
+            for (std::uint32_t i = 0; block != nullptr && i < block->used; ++i)
                 block->Nodes()[i].FreeText();
     }
     arena->Destroy();

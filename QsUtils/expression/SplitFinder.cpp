@@ -29,11 +29,14 @@ struct SplitFinder::Indexes {
     DominanceIndex productIndex;
 };
 
-SplitFinder::SplitFinder(const FormulaText& text)
+SplitFinder::SplitFinder(FormulaText& text)
+    : SplitFinder(text, StepsAtLeast + StepsForEachMark * text.MarkCount()) {}
+
+SplitFinder::SplitFinder(FormulaText& text, std::uint64_t budget)
     : m_text(text),
       m_marks(text.Marks()),
       // Without brackets no mark is looked at twice, and there are no counts to index.
-      m_budget(text.HasBrackets() ? StepsAtLeast + StepsForEachMark * text.MarkCount() : UINT64_MAX) {}
+      m_budget(text.HasBrackets() ? budget : UINT64_MAX) {}
 
 SplitFinder::~SplitFinder() = default;
 

@@ -19,7 +19,9 @@ struct Stretch {
 /// cheap; texts whose brackets are contrived to make that long get an index.
 class SplitFinder {
 public:
-    explicit SplitFinder(const FormulaText& text);
+    explicit SplitFinder(FormulaText& text);
+    /// With an index from the step numbered `budget` on, counted over all questions.
+    SplitFinder(FormulaText& text, std::uint64_t budget);
     ~SplitFinder();
     SplitFinder(const SplitFinder&) = delete;
     SplitFinder& operator=(const SplitFinder&) = delete;
@@ -41,7 +43,7 @@ private:
     bool Spend() noexcept { return m_budget != 0 && --m_budget != 0; }
     const Indexes& GetIndexes();
 
-    const FormulaText& m_text;
+    FormulaText& m_text;
     const Mark* m_marks;
     std::uint64_t m_budget;  // steps until an index pays
     std::unique_ptr<Indexes> m_indexes;

@@ -27,7 +27,7 @@ public:
     bool Enter(CExpressionNode& node) {
         if (node.IsOnPath())
             return false;
-        m_steps.push_back(Step{&node});
+        m_steps.push_back(Step{&node.Unfolded()});
         node.SetOnPath(true);
         return true;
     }
