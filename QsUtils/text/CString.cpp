@@ -101,10 +101,8 @@ std::wstring CString::ToWide() const {
     return QsText::Utf16ToWide(m_units);
 }
 
-CString::XCHAR CString::GetAt(int index) const {
-    if (index < 0 || index > GetLength())
-        ThrowInvalidArgument();
-    return static_cast<XCHAR>(m_units[static_cast<std::size_t>(index)]);
+void CString::ThrowInvalidArgument() {
+    throw CAtlException(CAtlException::InvalidArgument);
 }
 
 void CString::SetAt(int index, XCHAR unit) {

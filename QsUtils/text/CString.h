@@ -2,6 +2,7 @@
 #pragma once
 
 #include <compare>
+#include <concepts>
 #include <cstddef>
 #include <initializer_list>
 #include <iosfwd>
@@ -44,7 +45,8 @@ public:
     CString(const char16_t* text, int length);
     CString(const wchar_t* text, int length);
 
-    CString(std::u16string text) noexcept : m_units(std::move(text)) {}
+    CString(const std::u16string& text) : m_units(text) {}
+    CString(std::u16string&& text) noexcept : m_units(std::move(text)) {}
     CString(std::u16string_view text) : m_units(text) {}
     CString(const std::wstring& text);
 
@@ -81,8 +83,11 @@ public:
     /// The whole text as a wide string; NULs and lone surrogates pass unchanged.
     std::wstring ToWide() const;
     /// The unit at `index`; at the length it is NUL, and elsewhere outside `CAtlException` is raised.
-    XCHAR GetAt(int index) const;
-    XCHAR operator[](int index) const { return GetAt(index); }
+    XCHAR GetAt(int index) const { return At(static_cast<std::size_t>(index)); }
+    template <std::integral I>
+    XCHAR operator[](I index) const {
+        return At(static_cast<std::size_t>(index));
+    }
     /// Replaces the unit at `index`; outside of the text `CAtlException` is raised.
     void SetAt(int index, XCHAR unit);
 
@@ -302,6 +307,13 @@ private:
     static std::u16string_view Safe(const char16_t* text) noexcept {
         return text == nullptr ? std::u16string_view() : std::u16string_view(text);
     }
+    [[noreturn]] static void ThrowInvalidArgument();
+    XCHAR At(std::size_t index) const {
+        // A negative index has become a large one.
+        if (index > m_units.size())
+            ThrowInvalidArgument();
+        return static_cast<XCHAR>(m_units[index]);
+    }
     static CString Join(std::u16string_view a, std::u16string_view b);
 
     static std::u16string_view Units(const char16_t* text) noexcept { return Safe(text); }
@@ -343,6 +355,9 @@ QsText::FormatArgument CString::FormatArgumentOf(const T& value) {
     QsText::FormatArgument argument;
     if constexpr (std::is_same_v<V, CString>) {
         argument.SetText(value.View());
+    } else if constexpr (std::is_same_v<V, std::nullptr_t>) {
+        argument.kind = Kind::Pointer;
+        argument.pointer = nullptr;
     } else if constexpr (std::is_enum_v<V>) {
         return FormatArgumentOf(static_cast<std::underlying_type_t<V>>(value));
     } else if constexpr (std::is_same_v<V, const char16_t*> || std::is_same_v<V, char16_t*>) {
@@ -362,9 +377,6 @@ QsText::FormatArgument CString::FormatArgumentOf(const T& value) {
     } else if constexpr (std::is_integral_v<V>) {
         argument.kind = sizeof(V) > 4 ? Kind::UInt64 : Kind::UInt32;
         argument.natural = value;
-    } else if constexpr (std::is_same_v<V, std::nullptr_t>) {
-        argument.kind = Kind::Pointer;
-        argument.pointer = nullptr;
     } else if constexpr (std::is_constructible_v<CString, const T&>) {
         argument.converted = std::move(CString(value).m_units);
         argument.SetConverted();

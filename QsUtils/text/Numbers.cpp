@@ -53,6 +53,8 @@ std::int64_t ReadExponent(std::u16string_view text) noexcept {
 /// point has at most 767 significant digits, so that all behind them only say whether there is any.
 class SignificantDigits {
 public:
+    SignificantDigits() noexcept { m_digits[Kept] = '0'; }
+
     void Add(char16_t digit) noexcept {
         if (m_length == 0 && digit == u'0')
             return;
@@ -84,7 +86,7 @@ public:
 
 private:
     static constexpr std::int64_t Kept = 800;
-    std::array<char, Kept + 16> m_digits = {};
+    std::array<char, Kept + 16> m_digits;
     std::int64_t m_length = 0;
 };
 
