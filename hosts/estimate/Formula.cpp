@@ -81,8 +81,8 @@ private:
         if (node.IsNodeType(ExpressionAnalyse::eNodeType_Function) &&
             !left->IsNodeType(ExpressionAnalyse::eNodeType_Bracket)) {
             const std::string name = ToUtf8(node.GetNodeText());
-            Error("\"" + name + "\" begins an operand; as a function it is written " + name + "(…)");
-            return;
+            const std::string rest = left->IsLeaf() ? ToUtf8(left->GetNodeText()) : "…";
+            return Error("\"" + name + rest + "\" is read as the function " + name + "; its argument stands in brackets");
         }
         if (right != nullptr && node.GetNodeText() == u"/")
             m_divisors.push_back(right);

@@ -32,6 +32,7 @@ public:
     int Run() {
         if (!ReadTables())
             return CannotRun;
+        m_report.features = m_options.features;
         Summarize(m_report);
         if (!Write())
             return CannotRun;

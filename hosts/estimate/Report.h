@@ -39,7 +39,8 @@ void WriteText(std::ostream& out, const Report& report);
 /// One JSON object; amounts, prices and quantities are numbers.
 void WriteJson(std::ostream& out, const Report& report);
 /// One CSV table whose first column tells what a row is: bill, quota, chapter, section, indicator, resource,
-/// total, capital, problem. UTF-8, fields in quotes, lines end with CR LF.
+/// total, capital, problem; the last column holds a resource's digest and a problem's text. UTF-8, fields in
+/// quotes, lines end with CR LF.
 void WriteCsv(std::ostream& out, const Report& report);
 
 }  // namespace Estimate

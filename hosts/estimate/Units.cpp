@@ -24,6 +24,7 @@ constexpr std::array Rules = {
     Rule{"组", 0},    Rule{"樘", 0},  Rule{"套", 0},  Rule{"项", 0}, Rule{"座", 0}, Rule{"台", 0},   Rule{"块", 0},
     Rule{"榀", 0},    Rule{"系统", 0}, Rule{"处", 0}, Rule{"支", 0}, Rule{"副", 0}, Rule{"台班", 2}, Rule{"工日", 2},
     Rule{"台次", 0},  Rule{"孔", 0},  Rule{"棵", 0},  Rule{"株", 0}, Rule{"面", 0}, Rule{"段", 0},   Rule{"昼夜", 0},
+    Rule{"间", 0},    Rule{"把", 0},
     Rule{"千块", 3},  Rule{"百块", 2}, Rule{"万块", 4}};
 constexpr int OtherUnits = 2;
 
@@ -56,13 +57,13 @@ int UnitDecimals(std::string_view unit) {
 IndicatorUnit IndicatorUnitOf(std::string_view unit) {
     const CString whole = FromUtf8(unit);
     const CString plain = FromUtf8(unit.substr(MultipleLength(unit)));
-    CString canonical;
     double multiple = 1.0;
-    double factor = 1.0;
-    if (!IQsUtils1::GetIndicatorsUnit(plain, canonical) ||
-        !IQsUtils1::GetIndicatorsFactor(plain, canonical, factor) ||
-        !IQsUtils1::GetIndicatorsFactor(plain, whole, multiple))
+    if (!IQsUtils1::GetIndicatorsFactor(plain, whole, multiple))
         return {std::string(unit), 1.0};
+    CString canonical = plain;
+    double factor = 1.0;
+    if (IQsUtils1::GetIndicatorsUnit(plain, canonical))
+        IQsUtils1::GetIndicatorsFactor(plain, canonical, factor);
     return {ToUtf8(canonical), factor / multiple};
 }
 

@@ -18,11 +18,12 @@ std::string NormalizeUnit(std::string_view unit);
 int UnitDecimals(std::string_view unit);
 
 struct IndicatorUnit {
-    std::string unit;     ///< the canonical unit; the unit itself when there is none
+    std::string unit;     ///< the canonical unit; where there is none, the unit without its multiple
     double factor = 1.0;  ///< how many of it make one of the unit asked for
 };
 
-/// The unit in which indicators count a quantity: kilograms in tonnes, bricks in thousands, 100m2 in m2.
+/// The unit in which indicators count a quantity: kilograms in tonnes, bricks in thousands, 100m2
+/// in m2, 10个 in 个.
 IndicatorUnit IndicatorUnitOf(std::string_view unit);
 
 }  // namespace Estimate

@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "TestSupport.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string Bill = std::string(Headings) + "010401001001,砖基础,,m3,10,100\n";
+const std::string BadBill = Bill + "4-1,a,,m3,?,1\n";
+
+bool Has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+
+/// A folder that goes with the test.
+class Folder {
+public:
+    Folder() : m_path(fs::temp_directory_path() / ("estimate-" + std::to_string(getpid()))) {
+        fs::create_directories(m_path);
+    }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    ~Folder() { fs::remove_all(m_path); }
+
+    std::string Path(const char* name) const { return (m_path / name).string(); }
+    std::string Write(const char* name, const std::string& text) const {
+        std::ofstream(Path(name), std::ios::binary) << text;
+        return Path(name);
+    }
+
+private:
+    fs::path m_path;
+};
+
+}  // namespace
+
+TEST(Commands, HelpEverywhere) {
+    const ProgramRun help = RunProgram({"--help"});
+    EXPECT_EQ(help.status, 0);
+    for (const char* command : {"price", "eval", "vars", "capital", "sort", "unit"}) {
+        EXPECT_TRUE(Has(help.out, command)) << command;
+        const ProgramRun run = RunProgram({command, "--help"});
+        EXPECT_EQ(run.status, 0) << command;
+        EXPECT_TRUE(Has(run.out, "Usage: estimate " + std::string(command))) << run.out;
+    }
+    EXPECT_TRUE(Has(help.out, "Exit status"));
+}
+
+TEST(Commands, WrongUsageCannotRun) {
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{}, {"unknown"}, {"price"}, {"price", "-", "--json", "--csv"}, {"price", "-", "--bom"},
+          {"unit"}, {"sort", "--kind", "x"}, {"eval", "-d", "7", "1"}, {"price", "-", "--nonsense"}}) {
+        const ProgramRun run = RunProgram(arguments);
+        EXPECT_EQ(run.status, 2);
+        EXPECT_NE(run.err, "");
+        EXPECT_EQ(run.out, "");
+    }
+}
+
+TEST(Commands, PriceFromStandardInput) {
+    const ProgramRun run = RunProgram({"price", "-"}, Bill);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err, "");
+    EXPECT_TRUE(Has(run.out, "清单合计  1,000.00 元"));
+}
+
+TEST(Commands, BadRowsGiveStatusOne) {
+    const ProgramRun run = RunProgram({"price", "-", "--json"}, BadBill);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err,
+              "(standard input):3:5: error: formula: \"?\" is neither a number nor a known variable\n");
+    EXPECT_EQ(nlohmann::json::parse(run.out)["total"]["amount"], 1000.0);
+}
+
+TEST(Commands, WarningsGiveStatusNull) {
+    const ProgramRun run = RunProgram({"price", "-"}, std::string(Headings) + "010401001001,a,,m3,10-2-3,1\n");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_TRUE(Has(run.err, ":2:5: warning: formula: at 5:"));
+}
+
+TEST(Commands, WhatCannotBeReadOrWritten) {
+    const Folder folder;
+    EXPECT_EQ(RunProgram({"price", folder.Path("none.csv")}).status, 2);
+    EXPECT_EQ(RunProgram({"price", folder.Path("")}).status, 2);
+    EXPECT_EQ(RunProgram({"price", "-", "--vars", folder.Path("none.csv")}, Bill).status, 2);
+    EXPECT_EQ(RunProgram({"price", "-"}, "no table\n").status, 2);
+    EXPECT_EQ(RunProgram({"price", "-"}, std::string("a\0b", 3)).status, 2);
+    const std::string noValue = folder.Write("v.csv", "name\n");
+    EXPECT_EQ(RunProgram({"price", "-", "--vars", noValue}, Bill).status, 2);
+    EXPECT_EQ(RunProgram({"price", "-", "-o", folder.Path("none/x.txt")}, Bill).status, 2);
+    EXPECT_EQ(RunProgram({"price", "-", "--area", "X"}, Bill).status, 2);
+    EXPECT_EQ(RunProgram({"price", "-", "--area", "0"}, Bill).status, 2);
+}
+
+TEST(Commands, BadVariablesGiveStatusOne) {
+    const Folder folder;
+    const std::string variables = folder.Write("v.csv", "name,value\nA,1\nB,x\n");
+    const ProgramRun run = RunProgram({"price", "-", "--vars", variables}, Bill);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_TRUE(Has(run.err, variables + ":3:2: error: value: "));
+}
+
+TEST(Commands, OutputFilesArePutInPlaceWhole) {
+    const Folder folder;
+    const std::string target = folder.Write("out.csv", "before");
+    EXPECT_EQ(RunProgram({"price", "-", "--csv", "--bom", "-o", target}, Bill).status, 0);
+    EXPECT_TRUE(ReadWhole(target).starts_with("\xEF\xBB\xBF\"kind\",\"code\""));
+    EXPECT_EQ(std::distance(fs::directory_iterator(fs::path(target).parent_path()), fs::directory_iterator()), 1);
+    EXPECT_EQ(RunProgram({"price", "-", "-o", "/dev/null"}, Bill).status, 0);
+    EXPECT_EQ(RunProgram({"price", "-", "-o", "/dev/full"}, Bill).status, 2);
+}
+
+TEST(Commands, Eval) {
+    EXPECT_EQ(RunProgram({"eval", "1+2*3", "2*(3+4)"}).out, "7\n14\n");
+    EXPECT_EQ(RunProgram({"eval"}, "1+1\r\n2*2\n").out, "2\n4\n");
+    EXPECT_EQ(RunProgram({"eval", "A*Q", "--var", "A=2", "--var", "B=3", "-q", "10.5"}).out, "21\n");
+    EXPECT_EQ(RunProgram({"eval", "-d", "2", "2.675"}).out, "2.68\n");
+    EXPECT_EQ(RunProgram({"eval", "-d", "2", "99999*99999"}).out, "9999800001.00\n");
+    EXPECT_EQ(RunProgram({"eval", "--", "-(1+2)"}).out, "-3\n");
+    const ProgramRun bad = RunProgram({"eval", "X", "1"});
+    EXPECT_EQ(bad.status, 1);
+    EXPECT_EQ(bad.out, "1\n");
+    EXPECT_EQ(bad.err, "X: error: \"X\" is neither a number nor a known variable\n");
+    EXPECT_EQ(RunProgram({"eval", "1", "--var", "A"}).status, 2);
+    EXPECT_EQ(RunProgram({"eval", "1", "--var", "A=x"}).status, 2);
+    EXPECT_EQ(RunProgram({"eval", "1", "-q", "x"}).status, 2);
+    EXPECT_EQ(RunProgram({"eval", "1", "--vars", "/none"}).status, 2);
+    const Folder folder;
+    const std::string variables = folder.Write("v.csv", "name,value\nA,7\nB,x\n");
+    EXPECT_EQ(RunProgram({"eval", "A", "--vars", variables}).out, "7\n");
+}
+
+TEST(Commands, Vars) {
+    EXPECT_EQ(RunProgram({"vars", "A+BC*2"}).out, "A\nBC\n");
+    EXPECT_EQ(RunProgram({"vars", "--positions", "A+BC"}).out, "1\tA\n4\tBC\n");
+    EXPECT_EQ(RunProgram({"vars", "A+A+1"}).out, "A\nA\n");
+    EXPECT_EQ(RunProgram({"vars", "-q", "100.00", "Q*2+[q]"}).out, "100*2+100\n");
+    EXPECT_EQ(RunProgram({"vars", "1+2"}).out, "");
+}
+
+TEST(Commands, Capital) {
+    EXPECT_EQ(RunProgram({"capital", "12.34", "1,000"}).out, "壹拾贰元叁角肆分\n壹仟元整\n");
+    EXPECT_EQ(RunProgram({"capital", "-1.5"}).out, "负壹元伍角\n");
+    EXPECT_EQ(RunProgram({"capital", "--plain", "105"}).out, "一百零五\n");
+    const ProgramRun bad = RunProgram({"capital"}, "x\n1\n");
+    EXPECT_EQ(bad.status, 1);
+    EXPECT_EQ(bad.out, "壹元整\n");
+    EXPECT_EQ(bad.err, "estimate: no number: x\n");
+    EXPECT_EQ(RunProgram({"capital", "--plain", "1.5"}).status, 1);
+}
+
+TEST(Commands, Sort) {
+    EXPECT_EQ(RunProgram({"sort", "2-10", "A1", "2-9"}).out, "2-9\n2-10\nA1\n");
+    EXPECT_EQ(RunProgram({"sort", "-k", "bill"}, "100\n99\n").out, "99\n100\n");
+    EXPECT_EQ(RunProgram({"sort", "--kind", "item", "1/10", "1/9"}).out, "1/9\n1/10\n");
+}
+
+TEST(Commands, Unit) {
+    EXPECT_EQ(RunProgram({"unit", "100㎡"}).out, "decimals   4\nindicator  1 100m2 = 100 m2\n");
+    EXPECT_EQ(RunProgram({"unit", "kg"}).out, "decimals   2\nindicator  1 kg = 0.001 吨\n");
+    EXPECT_EQ(RunProgram({"unit", "吨", "公斤"}).out, "1 吨 = 1000 公斤\n");
+    EXPECT_EQ(RunProgram({"unit", "吨", "m3"}).status, 1);
+}

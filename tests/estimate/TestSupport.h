@@ -1,0 +1,65 @@
+// What the tests of the host share.
+#pragma once
+
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "BillReader.h"
+#include "Commands.h"
+#include "Report.h"
+#include "Variables.h"
+
+struct ProgramRun {
+    int status = -1;
+    std::string out;
+    std::string err;
+};
+
+inline ProgramRun RunProgram(const std::vector<std::string>& arguments, const std::string& input = {}) {
+    std::istringstream in(input);
+    std::ostringstream out;
+    std::ostringstream err;
+    const Estimate::Streams streams{in, out, err, false};
+    ProgramRun run;
+    run.status = Estimate::Run(arguments, streams);
+    run.out = out.str();
+    run.err = err.str();
+    return run;
+}
+
+struct PricedBill {
+    Estimate::Bill bill;
+    Estimate::Problems problems;
+    std::string refusal;
+
+    /// "line:column:reason" of the only problem; the count of problems when there isn't just one.
+    std::string OnlyProblem() const {
+        if (problems.found.size() != 1)
+            return std::to_string(problems.found.size()) + " problems";
+        const Estimate::Problem& problem = problems.found.front();
+        return std::to_string(problem.line) + ":" + std::to_string(problem.column) + ":" + problem.reason;
+    }
+};
+
+inline PricedBill PriceBill(const std::string& csv, const std::string& variableTable = {}) {
+    PricedBill priced;
+    Estimate::Variables variables;
+    Estimate::Problems ignored;
+    if (!variableTable.empty()) {
+        std::istringstream in(variableTable);
+        Estimate::ReadVariables(in, variables, ignored);
+    }
+    std::istringstream in(csv);
+    priced.refusal = Estimate::ReadBill(in, variables, priced.bill, priced.problems);
+    return priced;
+}
+
+inline constexpr const char* Headings = "code,name,features,unit,formula,price\n";
+
+inline std::string ReadWhole(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+}
