@@ -1,0 +1,32 @@
+# Installs the build into a tree of its own, and builds and runs a program against it.
+#   BUILD     the build folder to install from
+#   SOURCE    the program
+#   WORK      a folder for this run
+#   THROUGH   cmake or pkg-config
+#   COMPILER  the program's compiler
+#   LIBDIR    the library folder of an installed tree
+file(REMOVE_RECURSE ${WORK})
+set(tree ${WORK}/tree)
+
+function(run)
+    execute_process(COMMAND ${ARGV} COMMAND_ECHO STDOUT COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+# The tree is moved after the installation: nothing in it may know where it was.
+run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/staged)
+file(RENAME ${WORK}/staged ${tree})
+
+set(consumer ${WORK}/program/consumer)
+file(MAKE_DIRECTORY ${WORK}/program)
+if(THROUGH STREQUAL "cmake")
+    run(${CMAKE_COMMAND} -S ${SOURCE} -B ${WORK}/program -G Ninja -DCMAKE_CXX_COMPILER=${COMPILER}
+        -DCMAKE_PREFIX_PATH=${tree})
+    run(${CMAKE_COMMAND} --build ${WORK}/program)
+else()
+    set(ENV{PKG_CONFIG_PATH} ${tree}/${LIBDIR}/pkgconfig)
+    execute_process(COMMAND pkg-config --cflags --libs QsUtils
+        OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    separate_arguments(flags UNIX_COMMAND "${flags}")
+    run(${COMPILER} ${SOURCE}/main.cpp -o ${consumer} ${flags} -Wl,-rpath,${tree}/${LIBDIR})
+endif()
+run(${consumer})

@@ -1,0 +1,121 @@
+#include "QsUtils/frame/LazyService.h"
+
+#include <atomic>
+#include <barrier>
+#include <stdexcept>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+std::atomic<int> made{0};
+std::atomic<int> gone{0};
+
+struct Counted {
+    Counted() { ++made; }
+    virtual ~Counted() { ++gone; }
+};
+
+// What it costs to be made is spent between the test for an object and its store, where a race would show.
+struct Slow : Counted {
+    Slow() { std::this_thread::yield(); }
+};
+
+class LazyServiceTest : public testing::Test {
+protected:
+    void SetUp() override {
+        made = 0;
+        gone = 0;
+    }
+};
+
+TEST_F(LazyServiceTest, IsMadeAtItsFirstUseAndNeverAgain) {
+    QsFrame::LazyService<Counted> service;
+    EXPECT_EQ(service.Peek(), nullptr);
+    EXPECT_EQ(made, 0);
+    Counted& first = service.Get();
+    EXPECT_EQ(&service.Get(), &first);
+    EXPECT_EQ(service.Peek(), &first);
+    EXPECT_EQ(made, 1);
+    service.Destroy();
+}
+
+TEST_F(LazyServiceTest, DestroyEndsTheObjectOnce) {
+    QsFrame::LazyService<Counted> service;
+    service.Destroy();
+    EXPECT_EQ(gone, 0);
+    service.Get();
+    service.Destroy();
+    EXPECT_EQ(gone, 1);
+    EXPECT_EQ(service.Peek(), nullptr);
+    service.Destroy();
+    EXPECT_EQ(gone, 1);
+}
+
+TEST_F(LazyServiceTest, ACallAfterTheEndMakesANewObject) {
+    QsFrame::LazyService<Counted> service;
+    service.Get();
+    service.Destroy();
+    service.Get();
+    EXPECT_EQ(made, 2);
+    service.Destroy();
+    EXPECT_EQ(gone, 2);
+}
+
+TEST_F(LazyServiceTest, LeavesItsObjectToDestroy) {
+    Counted* object = nullptr;
+    {
+        QsFrame::LazyService<Counted> service;
+        object = &service.Get();
+    }
+    EXPECT_EQ(gone, 0);
+    delete object;
+}
+
+TEST_F(LazyServiceTest, AHolderEndsItsObjectWithItself) {
+    {
+        QsFrame::ServiceHolder<Counted> unused;
+        QsFrame::ServiceHolder<Counted> used;
+        used.Get();
+    }
+    EXPECT_EQ(made, 1);
+    EXPECT_EQ(gone, 1);
+}
+
+TEST_F(LazyServiceTest, ThreadsThatRaceGetOneObject) {
+    constexpr std::size_t threadCount = 8;
+    for (int round = 1; round <= 200; ++round) {
+        QsFrame::ServiceHolder<Slow> service;
+        std::vector<Slow*> seen(threadCount);
+        std::barrier together(static_cast<std::ptrdiff_t>(threadCount));
+        std::vector<std::thread> threads;
+        for (Slow*& mine : seen) {
+            threads.emplace_back([&] {
+                together.arrive_and_wait();
+                mine = &service.Get();
+            });
+        }
+        for (std::thread& thread : threads)
+            thread.join();
+        EXPECT_EQ(seen, std::vector<Slow*>(threadCount, service.Peek()));
+        EXPECT_EQ(made, round);
+    }
+}
+
+struct Failing {
+    Failing() {
+        if (++made == 1)
+            throw std::runtime_error("not yet");
+    }
+};
+
+TEST_F(LazyServiceTest, AConstructorThatThrowsIsTriedAgain) {
+    QsFrame::ServiceHolder<Failing> service;
+    EXPECT_THROW(service.Get(), std::runtime_error);
+    EXPECT_EQ(service.Peek(), nullptr);
+    EXPECT_EQ(&service.Get(), service.Peek());
+}
+
+}  // namespace

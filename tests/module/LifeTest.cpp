@@ -1,0 +1,89 @@
+// The module enters a process and leaves it, as often as a host likes.
+#include <malloc.h>
+
+#include <gtest/gtest.h>
+
+#include "tests/module/LoadedPlugin.h"
+
+namespace {
+
+constexpr const char* moduleName = "libQsUtils";
+
+// Sanitizers keep what is freed, so only a plain build can be asked how much memory is in use.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool memoryIsPlain = false;
+#else
+constexpr bool memoryIsPlain = true;
+#endif
+
+void LoadUseAndUnload() {
+    {
+        const LoadedPlugin plugin;
+        ASSERT_GT(MappingsOf(moduleName), 0);
+        const char* wrong = PLUGIN_FUNCTION(plugin, PluginUseEveryService)();
+        ASSERT_EQ(wrong, nullptr) << wrong;
+    }
+    ASSERT_EQ(MappingsOf(moduleName), 0) << "the module has not left the process";
+}
+
+TEST(ModuleLife, EveryServiceAnswersAndTheModuleLeaves) {
+    LoadUseAndUnload();
+}
+
+TEST(ModuleLife, AHundredLoadsLeaveNothingBehind) {
+    // The first loads fill what stays: the loader's tables, the code page libraries.
+    for (int cycle = 0; cycle < 10 && !HasFatalFailure(); ++cycle)
+        LoadUseAndUnload();
+    const std::size_t bytesBefore = mallinfo2().uordblks;
+    const int mappingsBefore = MappingsOf("");
+    for (int cycle = 0; cycle < 100 && !HasFatalFailure(); ++cycle)
+        LoadUseAndUnload();
+    if (!memoryIsPlain)
+        return;
+    // Less than a pointer a load would be no proof of a leak; a lost object shows as at least sixteen bytes.
+    EXPECT_LT(mallinfo2().uordblks, bytesBefore + 100 * 16);
+    EXPECT_LE(MappingsOf(""), mappingsBefore + 2);
+}
+
+TEST(ModuleLife, LoadingWithoutAnyCallLeavesNothingEither) {
+    { const LoadedPlugin plugin; }
+    EXPECT_EQ(MappingsOf(moduleName), 0);
+}
+
+TEST(ModuleLife, TheSoftVersionIsEmptyUntilSet) {
+    const LoadedPlugin plugin;
+    EXPECT_TRUE(PLUGIN_FUNCTION(plugin, PluginSoftVersionIs)(u""));
+    PLUGIN_FUNCTION(plugin, PluginSetSoftVersion)(u"V10.2.3");
+    EXPECT_TRUE(PLUGIN_FUNCTION(plugin, PluginSoftVersionIs)(u"V10.2.3"));
+}
+
+TEST(ModuleLife, AReloadedModuleRemembersNothing) {
+    for (int cycle = 0; cycle < 3; ++cycle) {
+        const LoadedPlugin plugin;
+        EXPECT_TRUE(PLUGIN_FUNCTION(plugin, PluginSoftVersionIs)(u""));
+        PLUGIN_FUNCTION(plugin, PluginSetSoftVersion)(u"a version text that is too long for the object itself");
+    }
+}
+
+TEST(ModuleLife, TwoLoadsShareOneModule) {
+    const LoadedPlugin first;
+    const LoadedPlugin second;
+    EXPECT_EQ(PLUGIN_FUNCTION(first, PluginAnalyser)(), PLUGIN_FUNCTION(second, PluginAnalyser)());
+    PLUGIN_FUNCTION(first, PluginSetSoftVersion)(u"shared");
+    EXPECT_TRUE(PLUGIN_FUNCTION(second, PluginSoftVersionIs)(u"shared"));
+}
+
+TEST(ModuleLife, TheAnalyserIsAlwaysTheSame) {
+    const LoadedPlugin plugin;
+    const auto analyser = PLUGIN_FUNCTION(plugin, PluginAnalyser);
+    void* const first = analyser();
+    EXPECT_NE(first, nullptr);
+    EXPECT_EQ(analyser(), first);
+}
+
+TEST(ModuleLife, ExceptionsCrossTheBoundaryByType) {
+    const LoadedPlugin plugin;
+    EXPECT_TRUE(PLUGIN_FUNCTION(plugin, PluginCatchesByType)());
+}
+
+}  // namespace

@@ -1,0 +1,148 @@
+#include "tests/module/Plugin.h"
+
+#include <array>
+#include <list>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include <QsUtils/QsUtils.h>
+
+namespace {
+
+using Items = std::vector<std::pair<CString, void*>>;
+
+bool CallText() {
+    CString text = u"a/b/c";
+    std::vector<CString> pieces;
+    IQsUtils::TransStrToAry(text, u"/", pieces);
+    return IQsUtils::CutFirstSegment(text, u"/") && text == u"b/c" && pieces.size() == 3;
+}
+
+bool CallCodePage() {
+    return IQsUtils::UnicodeToAnsi(L"砖") == "\xD7\xA9" && IQsUtils::AnsiToUnicode("\xD7\xA9") == L"砖" &&
+           IQsUtils1::GetCharCount(u"砖墙") == 2;
+}
+
+bool CallNumbers() {
+    double value = 0;
+    return IQsUtils::ParseToDouble(u" 12.5 ", value) && IQsUtils::DoubleToCString(value, 2, false) == u"12.50" &&
+           IQsUtils1::IsValidRateOfTransPrice(u"免税");
+}
+
+bool CallNumerals() {
+    return IQsUtils::NumToRMBStr(12.34) == u"壹拾贰元叁角肆分" && IQsUtils::TransIntToUpper(105) == u"一百零五";
+}
+
+bool CallCodes() {
+    CString prefix;
+    int index = 0;
+    return CCodeParser::ParseCode(u"A.B.3", prefix, index) && prefix == u"A.B" && index == 3;
+}
+
+bool CallOrder() {
+    Items items = {{u"2-10", nullptr}, {u"2-9", nullptr}};
+    IQsUtils::SortDeItemCodes(items);
+    return items[0].first == u"2-9" && IQsUtils::CompareDECode(u"2-9", u"2-10") == -1;
+}
+
+// The word compare of hanzi is what needs a collator.
+bool CallWordOrder() {
+    Items items = {{u"座", nullptr}, {u"砖", nullptr}, {u"吖", nullptr}};
+    IQsUtils::SortQdItemCodes(items);
+    return items[0].first == u"吖" && items[2].first == u"座";
+}
+
+bool CallExpressions() {
+    std::int32_t error = -1;
+    const std::unique_ptr<ExpressionAnalyse::IExpressionNode> root(
+        ExpressionAnalyse::GetExpressionAnalyser()->AnalyseExpression(u"2*(3+4)", &error));
+    return error == 0 && root != nullptr && root->CalcValue() == 14;
+}
+
+bool CallVariables() {
+    std::list<CString> names;
+    return IQsUtils::FindVariable(u"A+B*2", names, false) && names.size() == 2 && IQsUtils::IsIncludeQ(u"Q*2");
+}
+
+bool CallIndicators() {
+    CString unit;
+    double factor = 0;
+    return IQsUtils1::GetIndicatorsUnit(u"kg", unit) && unit == u"吨" &&
+           IQsUtils1::GetIndicatorsFactor(u"吨", u"公斤", factor) && factor == 1000;
+}
+
+bool CallDigest() {
+    CommonMaterialKey key;
+    key.strKeyText1 = u"水泥";
+    return IQsUtils::GetStreamMD5(u"") == u"d41d8cd98f00b204e9800998ecf8427e" &&
+           IQsUtils1::GenerateMaterialMD5(&key).GetLength() == 32;
+}
+
+bool CallPaths() {
+    return ToNativePath(FromNativePath("/opt/app")) == "/opt/app";
+}
+
+struct Service {
+    const char* name;
+    bool (*call)();
+};
+
+constexpr std::array services = {
+    Service{"text", CallText},           Service{"code page", CallCodePage},   Service{"numbers", CallNumbers},
+    Service{"numerals", CallNumerals},   Service{"codes", CallCodes},          Service{"order of codes", CallOrder},
+    Service{"word order", CallWordOrder}, Service{"expressions", CallExpressions},
+    Service{"variables", CallVariables}, Service{"indicators", CallIndicators}, Service{"digest", CallDigest},
+    Service{"paths", CallPaths},
+};
+
+}  // namespace
+
+#define PLUGIN_EXPORT extern "C" __attribute__((visibility("default")))
+
+PLUGIN_EXPORT const char* PluginUseEveryService() {
+    for (const Service& service : services) {
+        if (!service.call())
+            return service.name;
+    }
+    return nullptr;
+}
+
+PLUGIN_EXPORT std::size_t PluginServiceCount() {
+    return services.size();
+}
+
+PLUGIN_EXPORT bool PluginCallService(std::size_t index) {
+    return services[index % services.size()].call();
+}
+
+PLUGIN_EXPORT bool PluginHasVariable() {
+    return IQsUtils::IsVariable(u"A+1");
+}
+
+PLUGIN_EXPORT void* PluginAnalyser() {
+    return ExpressionAnalyse::GetExpressionAnalyser();
+}
+
+PLUGIN_EXPORT void PluginSetSoftVersion(const char16_t* version) {
+    IQsUtils::SetSoftVersion(version);
+}
+
+PLUGIN_EXPORT bool PluginSoftVersionIs(const char16_t* version) {
+    return IQsUtils::GetSoftVersion() == version && IQsUtils::m_strSoftVersion == version;
+}
+
+PLUGIN_EXPORT const void* PluginSoftVersionUnits() {
+    return IQsUtils::m_strSoftVersion.GetString();
+}
+
+PLUGIN_EXPORT bool PluginCatchesByType() {
+    try {
+        static_cast<void>(CString(u"abc").GetAt(4));
+    } catch (const CAtlException& error) {
+        return error.m_hr == CAtlException::InvalidArgument;
+    } catch (...) {
+        return false;
+    }
+    return false;
+}
