@@ -2,9 +2,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
+
+#include <nlohmann/json.hpp>
 
 #include "BillReader.h"
 #include "Report.h"

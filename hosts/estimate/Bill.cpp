@@ -1,8 +1,8 @@
 #include "Bill.h"
 
-#include <QsUtils/QsUtils.h>
-
 #include <utility>
+
+#include <QsUtils/QsUtils.h>
 
 #include "Utf8.h"
 

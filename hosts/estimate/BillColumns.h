@@ -16,13 +16,15 @@ inline constexpr std::string_view NameHeadings[] = {"name", "itemname", "名称"
 inline constexpr std::string_view FeatureHeadings[] = {"features", "description", "特征", "项目特征",
                                                        "项目特征描述"};
 inline constexpr std::string_view UnitHeadings[] = {"unit", "单位", "计量单位"};
-inline constexpr std::string_view FormulaHeadings[] = {
-    "formula", "quantity", "工程量", "工程量表达式", "工程量计算式", "计算式", "表达式"};
+inline constexpr std::string_view FormulaHeadings[] = {"formula",      "quantity", "工程量", "工程量表达式",
+                                                       "工程量计算式", "计算式",   "表达式"};
 inline constexpr std::string_view PriceHeadings[] = {"price", "unitprice", "单价", "综合单价", "价格"};
 
-inline constexpr std::array Specs = {
-    ColumnSpec{"code", CodeHeadings},       ColumnSpec{"name", NameHeadings},
-    ColumnSpec{"features", FeatureHeadings, false}, ColumnSpec{"unit", UnitHeadings},
-    ColumnSpec{"formula", FormulaHeadings}, ColumnSpec{"price", PriceHeadings}};
+inline constexpr std::array Specs = {ColumnSpec{"code", CodeHeadings},
+                                     ColumnSpec{"name", NameHeadings},
+                                     ColumnSpec{"features", FeatureHeadings, false},
+                                     ColumnSpec{"unit", UnitHeadings},
+                                     ColumnSpec{"formula", FormulaHeadings},
+                                     ColumnSpec{"price", PriceHeadings}};
 
 }  // namespace Estimate::BillColumn

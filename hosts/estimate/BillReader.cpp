@@ -60,7 +60,8 @@ public:
 
 private:
     bool IsHeading(const CsvRow& row) const {
-        return m_columns.Field(row, BillColumn::Unit).empty() && m_columns.Field(row, BillColumn::Formula).empty() &&
+        return m_columns.Field(row, BillColumn::Unit).empty() &&
+               m_columns.Field(row, BillColumn::Formula).empty() &&
                m_columns.Field(row, BillColumn::Price).empty();
     }
 
@@ -82,7 +83,8 @@ private:
         for (std::size_t i = m_columns.Width(); i < row.fields.size(); ++i)
             if (!row.fields[i].empty())
                 return RejectRow(row.line, "the row has " + std::to_string(row.fields.size()) +
-                                               " fields and the headings " + std::to_string(m_columns.Width()) +
+                                               " fields and the headings " +
+                                               std::to_string(m_columns.Width()) +
                                                "; a text with a comma stands in quotes");
     }
 
@@ -110,9 +112,10 @@ private:
         CheckQuotaCode(row);
         ++m_quotaRows;
         if (!m_item)
-            return RejectRow(row.line, m_itemLine == 0 ? "no bill item stands above the quota row"
-                                                       : "the bill item above it, on line " +
-                                                             std::to_string(m_itemLine) + ", can't be priced");
+            return RejectRow(row.line, m_itemLine == 0
+                                           ? "no bill item stands above the quota row"
+                                           : "the bill item above it, on line " + std::to_string(m_itemLine) +
+                                                 ", can't be priced");
         QuotaItem quota;
         ReadItem(row, quota, &m_amount);
         quota.price = ReadPrice(row, false).value_or(0);
@@ -132,9 +135,10 @@ private:
         if (code.empty())
             Reject(row, BillColumn::Code, "the code is empty");
         else if (code.size() >= NationalCodeLength && IsDigits(code))
-            Reject(row, BillColumn::Code,
-                   "a bill code has 12 digits, nine of the national code and three of sequence; this one has " +
-                       std::to_string(code.size()));
+            Reject(
+                row, BillColumn::Code,
+                "a bill code has 12 digits, nine of the national code and three of sequence; this one has " +
+                    std::to_string(code.size()));
         else if (code.size() > LongestCode)
             Reject(row, BillColumn::Code, "the code has more than 64 bytes");
     }
@@ -227,8 +231,8 @@ private:
             Note(Severity::Error, item.line, BillColumn::Price, std::move(reason));
         };
         if (m_badQuotaLine > 0)
-            return reject("the unit price is empty, and its quota row on line " + std::to_string(m_badQuotaLine) +
-                          " can't be priced");
+            return reject("the unit price is empty, and its quota row on line " +
+                          std::to_string(m_badQuotaLine) + " can't be priced");
         if (m_quotaRows == 0)
             return reject("the unit price is empty, and no quota rows compose one");
         const std::optional<std::int64_t> price = PriceOf(item.quotaFen, item.quantity);

@@ -43,7 +43,8 @@ bool Columns::TryHeadings(const CsvRow& row) {
     for (std::size_t at = 0; at < row.fields.size(); ++at) {
         const std::string heading = Plain(row.fields[at]);
         for (std::size_t i = 0; i < m_specs.size(); ++i)
-            if (places[i] == 0 && std::ranges::find(m_specs[i].headings, heading) != m_specs[i].headings.end())
+            if (places[i] == 0 &&
+                std::ranges::find(m_specs[i].headings, heading) != m_specs[i].headings.end())
                 places[i] = at + 1;
     }
     const auto count = m_specs.size() - static_cast<std::size_t>(std::ranges::count(places, std::size_t{0}));

@@ -1,8 +1,8 @@
-#include <csv.h>
-
 #include <array>
 #include <string>
 #include <string_view>
+
+#include <csv.h>
 
 #include "Chapters.h"
 #include "Report.h"
@@ -51,13 +51,17 @@ void WriteItems(CsvWriter& csv, const Bill& bill) {
 
 void WriteSums(CsvWriter& csv, const Report& report) {
     for (const Chapter& chapter : report.chapters) {
-        csv.Write({"chapter", chapter.code, ChapterName(chapter.code), "", "", "", "", "", FenText(chapter.fen), ""});
+        csv.Write({"chapter", chapter.code, ChapterName(chapter.code), "", "", "", "", "",
+                   FenText(chapter.fen), ""});
         for (const Section& section : chapter.sections)
-            csv.Write({"section", section.code, ChapterName(section.code), "", "", "", "", "", FenText(section.fen), ""});
+            csv.Write({"section", section.code, ChapterName(section.code), "", "", "", "", "",
+                       FenText(section.fen), ""});
     }
     for (const IndicatorSum& sum : report.indicators) {
-        csv.Write({"indicator", "bill", "", "", sum.unit, "", QuantityText(sum.billQuantity, sum.unit), "", "", ""});
-        csv.Write({"indicator", "quota", "", "", sum.unit, "", QuantityText(sum.quotaQuantity, sum.unit), "", "", ""});
+        csv.Write({"indicator", "bill", "", "", sum.unit, "", QuantityText(sum.billQuantity, sum.unit), "",
+                   "", ""});
+        csv.Write({"indicator", "quota", "", "", sum.unit, "", QuantityText(sum.quotaQuantity, sum.unit), "",
+                   "", ""});
     }
     for (const Resource& each : report.resources)
         csv.Write({"resource", each.code, each.name, "", each.unit, "", DecimalText(each.quantity),
@@ -68,7 +72,8 @@ void WriteTotals(CsvWriter& csv, const Report& report) {
     csv.Write({"total", "quota", "", "", "", "", "", "", FenText(report.quotaFen), ""});
     csv.Write({"total", "bill", "", "", "", "", "", "", FenText(report.bill.fen), ""});
     if (report.area > 0)
-        csv.Write({"total", "per m2", "", "", "", "", "", "", FenText(FenPerArea(report.bill.fen, report.area)), ""});
+        csv.Write({"total", "per m2", "", "", "", "", "", "",
+                   FenText(FenPerArea(report.bill.fen, report.area)), ""});
     csv.Write({"capital", "", CapitalText(report.bill.fen), "", "", "", "", "", "", ""});
     for (const Problems& file : report.problems)
         for (const Problem& problem : file.found)

@@ -1,11 +1,11 @@
 #include "CsvRows.h"
 
-#include <csv.h>
-
 #include <exception>
 #include <new>
 #include <string_view>
 #include <vector>
+
+#include <csv.h>
 
 namespace Estimate {
 namespace {
@@ -123,7 +123,8 @@ private:
 
 }  // namespace
 
-CsvBreak ReadCsv(std::istream& in, Encoding encoding, const RowHandler& handler, const ByteProgress& progress) {
+CsvBreak ReadCsv(std::istream& in, Encoding encoding, const RowHandler& handler,
+                 const ByteProgress& progress) {
     Reader reader(encoding, handler);
     std::vector<char> piece(PieceSize);
     std::uint64_t bytes = 0;

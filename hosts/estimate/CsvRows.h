@@ -30,6 +30,7 @@ struct CsvBreak {
 /// Hands every row that isn't blank to `handler`, in order. Commas separate fields, quotes enclose them, and
 /// lines end with LF, CR LF or CR; white space around a field doesn't belong to it. An exception of the
 /// handler passes through. The text breaks off at a quote without its end and at a failing input.
-CsvBreak ReadCsv(std::istream& in, Encoding encoding, const RowHandler& handler, const ByteProgress& progress = {});
+CsvBreak ReadCsv(std::istream& in, Encoding encoding, const RowHandler& handler,
+                 const ByteProgress& progress = {});
 
 }  // namespace Estimate

@@ -11,7 +11,8 @@ namespace {
 // 64 bits hold every result but not every product on the way to it.
 __extension__ using Wide = __int128;
 
-constexpr std::int64_t PowersOfTen[] = {1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000};
+constexpr std::int64_t PowersOfTen[] = {1,       10,        100,        1'000,      10'000,
+                                        100'000, 1'000'000, 10'000'000, 100'000'000};
 constexpr double QuantityLimit = 1e9;
 constexpr std::int64_t FenLimit = 1'000'000'000'000;
 constexpr std::int64_t PriceLimit = 1'000'000'000'000'000;
@@ -33,16 +34,19 @@ std::optional<std::int64_t> Within(Wide number, std::int64_t limit) {
     return static_cast<std::int64_t>(number);
 }
 
-std::string WithPoint(std::string digits, int decimals) {
-    if (decimals > 0)
-        digits.insert(digits.size() - static_cast<std::size_t>(decimals), 1, '.');
+/// The sign and the point of a number around its digits.
+std::string Dressed(Decimal number, std::string digits) {
+    if (number.decimals > 0)
+        digits.insert(digits.size() - static_cast<std::size_t>(number.decimals), 1, '.');
+    if (number.units < 0)
+        digits.insert(0, 1, '-');
     return digits;
 }
 
 /// The digits of the magnitude, at least one in front of the decimals.
 std::string Digits(Decimal number) {
-    const auto magnitude =
-        number.units < 0 ? 0 - static_cast<std::uint64_t>(number.units) : static_cast<std::uint64_t>(number.units);
+    const auto magnitude = number.units < 0 ? 0 - static_cast<std::uint64_t>(number.units)
+                                            : static_cast<std::uint64_t>(number.units);
     std::string digits = std::to_string(magnitude);
     const auto least = static_cast<std::size_t>(number.decimals) + 1;
     if (digits.size() < least)
@@ -67,14 +71,16 @@ std::optional<std::int64_t> RoundToDecimals(double value, int decimals) {
 
 std::optional<std::int64_t> AmountInFen(Decimal quantity, std::int64_t price) {
     const Wide product = static_cast<Wide>(quantity.units) * price;
-    return Within(RoundedQuotient(product, static_cast<Wide>(PowersOfTen[quantity.decimals]) * PriceStepsInFen),
-                  FenLimit);
+    return Within(
+        RoundedQuotient(product, static_cast<Wide>(PowersOfTen[quantity.decimals]) * PriceStepsInFen),
+        FenLimit);
 }
 
 std::optional<std::int64_t> PriceOf(std::int64_t fen, Decimal quantity) {
     if (quantity.units == 0)
         return std::nullopt;
-    const Wide price = RoundedQuotient(static_cast<Wide>(fen) * PowersOfTen[quantity.decimals], quantity.units);
+    const Wide price =
+        RoundedQuotient(static_cast<Wide>(fen) * PowersOfTen[quantity.decimals], quantity.units);
     return Within(price * PriceStepsInFen, PriceLimit);
 }
 
@@ -85,14 +91,14 @@ void AddTo(std::int64_t& sum, std::int64_t value) noexcept {
 }
 
 std::string DecimalText(Decimal number) {
-    return (number.units < 0 ? "-" : "") + WithPoint(Digits(number), number.decimals);
+    return Dressed(number, Digits(number));
 }
 
 std::string GroupedText(Decimal number) {
     std::string digits = Digits(number);
     for (auto at = static_cast<std::ptrdiff_t>(digits.size()) - number.decimals - 3; at > 0; at -= 3)
         digits.insert(static_cast<std::size_t>(at), 1, ',');
-    return (number.units < 0 ? "-" : "") + WithPoint(std::move(digits), number.decimals);
+    return Dressed(number, std::move(digits));
 }
 
 std::string PriceText(std::int64_t price, bool grouped) {

@@ -1,11 +1,11 @@
 // Exact decimal numbers: quantities in their unit's decimals, prices in millionths of a yuan, amounts in fen.
 #pragma once
 
-#include <QsUtils/QsUtils.h>
-
 #include <cstdint>
 #include <optional>
 #include <string>
+
+#include <QsUtils/QsUtils.h>
 
 namespace Estimate {
 
@@ -42,7 +42,9 @@ std::string DecimalText(Decimal number);
 std::string GroupedText(Decimal number);
 /// A price with two decimals, and with more only where it has them.
 std::string PriceText(std::int64_t price, bool grouped);
-inline std::string FenText(std::int64_t fen) { return DecimalText({fen, 2}); }
+inline std::string FenText(std::int64_t fen) {
+    return DecimalText({fen, 2});
+}
 
 double ToDouble(Decimal number);
 

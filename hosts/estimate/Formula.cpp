@@ -30,6 +30,12 @@ const char* ParseErrorText(std::int32_t code) {
     }
 }
 
+std::string Quoted(const std::string& text) {
+    std::string quoted(1, '"');
+    quoted.append(text).push_back('"');
+    return quoted;
+}
+
 enum class Number { None, Good, Malformed };
 
 /// Digits with at most one point, and perhaps a percent or per-mille sign behind them.
@@ -82,7 +88,8 @@ private:
             !left->IsNodeType(ExpressionAnalyse::eNodeType_Bracket)) {
             const std::string name = ToUtf8(node.GetNodeText());
             const std::string rest = left->IsLeaf() ? ToUtf8(left->GetNodeText()) : "…";
-            return Error("\"" + name + rest + "\" is read as the function " + name + "; its argument stands in brackets");
+            return Error(Quoted(name + rest) + " is read as the function " + name +
+                         "; its argument stands in brackets");
         }
         if (right != nullptr && node.GetNodeText() == u"/")
             m_divisors.push_back(right);
@@ -100,14 +107,14 @@ private:
             return Error("the function " + ToUtf8(text) + " has no argument");
         if (const Number number = ReadNumber(text.View()); number != Number::None) {
             if (number == Number::Malformed)
-                Error("\"" + ToUtf8(text) + "\" is no number");
+                Error(Quoted(ToUtf8(text)) + " is no number");
             return;
         }
         if (text.CompareNoCase(u"Q") == 0)
             return BindAmount(leaf);
         if (const CString* value = m_variables.Find(text))
             return leaf.SetLeafText(*value);
-        Error("\"" + ToUtf8(text) + "\" is neither a number nor a known variable");
+        Error(Quoted(ToUtf8(text)) + " is neither a number nor a known variable");
     }
 
     void BindAmount(IExpressionNode& leaf) {
@@ -124,8 +131,8 @@ private:
 };
 
 bool HasError(const FormulaResult& result) {
-    return std::ranges::any_of(result.remarks,
-                               [](const FormulaRemark& remark) { return remark.severity == Severity::Error; });
+    return std::ranges::any_of(
+        result.remarks, [](const FormulaRemark& remark) { return remark.severity == Severity::Error; });
 }
 
 FormulaResult Failed(FormulaResult result, std::string reason) {

@@ -1,10 +1,10 @@
 // The value of a quantity formula.
 #pragma once
 
-#include <QsUtils/QsUtils.h>
-
 #include <string>
 #include <vector>
+
+#include <QsUtils/QsUtils.h>
 
 #include "FormulaText.h"
 #include "Variables.h"

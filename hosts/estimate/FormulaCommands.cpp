@@ -1,10 +1,11 @@
-#include <CLI/App.hpp>
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
 #include <list>
 #include <map>
 #include <memory>
 #include <optional>
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
 
 #include "Commands.h"
 #include "Decimal.h"
@@ -32,9 +33,10 @@ bool Bind(const std::vector<std::string>& bindings, const Streams& streams, Vari
     for (const std::string& binding : bindings) {
         const std::size_t equals = binding.find('=');
         const bool split = equals != std::string::npos;
-        const std::string reason = split ? variables.Add(FromUtf8(std::string_view(binding).substr(0, equals)),
-                                                         FromUtf8(std::string_view(binding).substr(equals + 1)))
-                                         : "NAME=VALUE is asked for";
+        const std::string reason = split
+                                       ? variables.Add(FromUtf8(std::string_view(binding).substr(0, equals)),
+                                                       FromUtf8(std::string_view(binding).substr(equals + 1)))
+                                       : "NAME=VALUE is asked for";
         if (!reason.empty())
             return Refuse(streams, "--var " + binding + ": " + reason);
     }
@@ -58,7 +60,8 @@ std::string ValueText(double value, int decimals) {
     if (decimals < 0)
         return ToUtf8(IQsUtils::DoubleToCString(value, MaxDecimals, true));
     const std::optional<std::int64_t> units = RoundToDecimals(value, decimals);
-    return units ? DecimalText({*units, decimals}) : ToUtf8(IQsUtils::DoubleToCString(value, decimals, false));
+    return units ? DecimalText({*units, decimals})
+                 : ToUtf8(IQsUtils::DoubleToCString(value, decimals, false));
 }
 
 int Eval(const EvalOptions& options, const Streams& streams) {
@@ -124,11 +127,13 @@ int Vars(const VarsOptions& options, const Streams& streams) {
 void AddEval(CLI::App& app, const Streams& streams, int& status) {
     auto options = std::make_shared<EvalOptions>();
     CLI::App* command = app.add_subcommand("eval", "Calculate formulas, one result a line");
-    command->add_option("formula", options->formulas, "Formulas; lines of standard input when there are none");
+    command->add_option("formula", options->formulas,
+                        "Formulas; lines of standard input when there are none");
     command->add_option("--var", options->bindings, "A variable: NAME=VALUE")->allow_extra_args(false);
     command->add_option("--vars", options->variables, "Variables from a CSV file with name and value");
     command->add_option("-q,--amount", options->amount, "The project amount that Q stands for");
-    command->add_option("-d,--decimals", options->decimals, "Round to this many decimals, half away from zero")
+    command
+        ->add_option("-d,--decimals", options->decimals, "Round to this many decimals, half away from zero")
         ->check(CLI::Range(0, MaxDecimals));
     command->callback([options, &streams, &status] { status = Eval(*options, streams); });
 }
@@ -136,7 +141,8 @@ void AddEval(CLI::App& app, const Streams& streams, int& status) {
 void AddVars(CLI::App& app, const Streams& streams, int& status) {
     auto options = std::make_shared<VarsOptions>();
     CLI::App* command = app.add_subcommand("vars", "List the variables that the texts of formulas hold");
-    command->add_option("formula", options->formulas, "Formulas; lines of standard input when there are none");
+    command->add_option("formula", options->formulas,
+                        "Formulas; lines of standard input when there are none");
     command->add_flag("-u,--unique", options->unique, "Leave out a variable that is listed already");
     auto* positions =
         command->add_flag("-p,--positions", options->positions, "Show at which character each variable ends");

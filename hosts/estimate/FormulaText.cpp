@@ -6,11 +6,18 @@
 namespace Estimate {
 namespace {
 
-constexpr std::array<std::u16string_view, 7> Functions = {u"fabs", u"sin", u"cos", u"tan", u"ln", u"sqrt", u"exp"};
+constexpr std::array<std::u16string_view, 7> Functions = {u"fabs", u"sin",  u"cos", u"tan",
+                                                          u"ln",   u"sqrt", u"exp"};
 
-bool IsOpening(char16_t unit) { return unit == u'(' || unit == u'[' || unit == u'{'; }
-bool IsClosing(char16_t unit) { return unit == u')' || unit == u']' || unit == u'}'; }
-bool IsAdditive(char16_t unit) { return unit == u'+' || unit == u'-'; }
+bool IsOpening(char16_t unit) {
+    return unit == u'(' || unit == u'[' || unit == u'{';
+}
+bool IsClosing(char16_t unit) {
+    return unit == u')' || unit == u']' || unit == u'}';
+}
+bool IsAdditive(char16_t unit) {
+    return unit == u'+' || unit == u'-';
+}
 bool IsProduct(char16_t unit) {
     return unit == u'*' || unit == u'/' || unit == u'^' || unit == u'×' || unit == u'÷';
 }
@@ -36,9 +43,10 @@ private:
     void SeeProduct(char16_t unit, int position) {
         if (m_minus.size() > 1 && !m_product) {
             m_product = true;
-            remarks.push_back({Severity::Error, "at " + std::to_string(position) +
-                                                    ": a product or quotient inside brackets isn't calculated as "
-                                                    "written; write it without the brackets"});
+            remarks.push_back(
+                {Severity::Error, "at " + std::to_string(position) +
+                                      ": a product or quotient inside brackets isn't calculated as "
+                                      "written; write it without the brackets"});
         }
         if (unit == u'^' && !m_power) {
             m_power = true;
@@ -49,9 +57,10 @@ private:
     void SeeAdditive(char16_t unit, int position) {
         if (m_minus.back() && !m_chain) {
             m_chain = true;
-            remarks.push_back({Severity::Warning, "at " + std::to_string(position) +
-                                                      ": all that stands behind a minus is subtracted, so 10-2-3 is "
-                                                      "11; write 10-(2+3) for 5 and put additions in front"});
+            remarks.push_back(
+                {Severity::Warning, "at " + std::to_string(position) +
+                                        ": all that stands behind a minus is subtracted, so 10-2-3 is "
+                                        "11; write 10-(2+3) for 5 and put additions in front"});
         }
         m_minus.back() = m_minus.back() || unit == u'-';
     }

@@ -1,10 +1,10 @@
 // Formulas as texts: spelling, and ways of writing that the analyser calculates in its own way.
 #pragma once
 
-#include <QsUtils/QsUtils.h>
-
 #include <string>
 #include <vector>
+
+#include <QsUtils/QsUtils.h>
 
 #include "Problem.h"
 

@@ -1,8 +1,8 @@
 #include "InputText.h"
 
-#include <QsUtils/QsUtils.h>
-
 #include <vector>
+
+#include <QsUtils/QsUtils.h>
 
 #include "Utf8.h"
 

@@ -1,5 +1,6 @@
-#include <nlohmann/json.hpp>
 #include <string_view>
+
+#include <nlohmann/json.hpp>
 
 #include "Chapters.h"
 #include "Report.h"
@@ -95,7 +96,8 @@ public:
     ~ArrayWriter() { m_out << (m_first ? "],\n" : "\n  ],\n"); }
 
     void Add(const Json& element) {
-        m_out << (m_first ? "\n    " : ",\n    ") << element.dump(-1, ' ', false, Json::error_handler_t::replace);
+        m_out << (m_first ? "\n    " : ",\n    ")
+              << element.dump(-1, ' ', false, Json::error_handler_t::replace);
         m_first = false;
     }
 

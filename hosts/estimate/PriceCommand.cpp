@@ -1,7 +1,8 @@
+#include <memory>
+
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
-#include <memory>
 
 #include "BillReader.h"
 #include "Commands.h"
@@ -27,7 +28,8 @@ struct PriceOptions {
 
 class PriceCommand {
 public:
-    PriceCommand(const PriceOptions& options, const Streams& streams) : m_options(options), m_streams(streams) {}
+    PriceCommand(const PriceOptions& options, const Streams& streams)
+        : m_options(options), m_streams(streams) {}
 
     int Run() {
         if (!ReadTables())
@@ -128,16 +130,19 @@ private:
 void AddPrice(CLI::App& app, const Streams& streams, int& status) {
     auto options = std::make_shared<PriceOptions>();
     CLI::App* command = app.add_subcommand("price", "Price a bill of quantities");
-    command->add_option("bill", options->bill, "The bill: CSV in UTF-8 or GBK; \"-\" is standard input")->required();
-    command->add_option("--vars", options->variables, "The variables of the formulas: CSV with name and value");
+    command->add_option("bill", options->bill, "The bill: CSV in UTF-8 or GBK; \"-\" is standard input")
+        ->required();
+    command->add_option("--vars", options->variables,
+                        "The variables of the formulas: CSV with name and value");
     auto* json = command->add_flag("--json", options->json, "Write JSON instead of text");
     auto* csv = command->add_flag("--csv", options->csv, "Write CSV instead of text")->excludes(json);
-    command->add_flag("--bom", options->mark, "Begin the CSV with a byte-order mark, for spreadsheets")->needs(csv);
+    command->add_flag("--bom", options->mark, "Begin the CSV with a byte-order mark, for spreadsheets")
+        ->needs(csv);
     command->add_flag("--features", options->features, "Show the features of bill items in the text");
-    command->add_option("--area", options->area, "The floor area in m2, a number or formula, for costs per m2");
+    command->add_option("--area", options->area,
+                        "The floor area in m2, a number or formula, for costs per m2");
     command->add_option("-o,--output", options->output, "Write to this file instead of standard output");
-    command->callback(
-        [options, &streams, &status] { status = PriceCommand(*options, streams).Run(); });
+    command->callback([options, &streams, &status] { status = PriceCommand(*options, streams).Run(); });
 }
 
 }  // namespace Estimate

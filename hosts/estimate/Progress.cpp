@@ -28,7 +28,8 @@ void Progress::Show(std::uint64_t bytes) {
     m_drawn = true;
     const int full = BarWidth * percent / 100;
     m_out << WipeLine << "pricing [" << std::string(static_cast<std::size_t>(full), '#')
-          << std::string(static_cast<std::size_t>(BarWidth - full), '.') << "] " << percent << " %" << std::flush;
+          << std::string(static_cast<std::size_t>(BarWidth - full), '.') << "] " << percent << " %"
+          << std::flush;
 }
 
 void Progress::Say(const char* activity) {

@@ -6,8 +6,8 @@
 
 namespace Estimate {
 
-/// Draws a bar on one line of a terminal and wipes it off at the end. Draws nothing where there is no terminal
-/// and for inputs that are read in a blink.
+/// Draws a bar on one line of a terminal and wipes it off at the end. Draws nothing where there is no
+/// terminal and for inputs that are read in a blink.
 class Progress {
 public:
     Progress(std::ostream& out, bool terminal, std::uint64_t totalBytes);

@@ -1,8 +1,8 @@
 #include "Report.h"
 
-#include <QsUtils/QsUtils.h>
-
 #include <cmath>
+
+#include <QsUtils/QsUtils.h>
 
 #include "Units.h"
 #include "Utf8.h"
@@ -18,7 +18,9 @@ void Summarize(Report& report) {
         AddTo(report.quotaFen, item.quotaFen);
 }
 
-std::string CapitalText(std::int64_t fen) { return ToUtf8(IQsUtils::NumToRMBStr(ToDouble({fen, 2}))); }
+std::string CapitalText(std::int64_t fen) {
+    return ToUtf8(IQsUtils::NumToRMBStr(ToDouble({fen, 2})));
+}
 
 std::int64_t FenPerArea(std::int64_t fen, double area) {
     return area > 0 ? RoundToDecimals(ToDouble({fen, 2}) / area, 2).value_or(0) : 0;

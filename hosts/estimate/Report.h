@@ -17,9 +17,9 @@ struct Report {
     std::vector<Chapter> chapters;
     std::vector<IndicatorSum> indicators;
     std::vector<Resource> resources;
-    std::int64_t quotaFen = 0;  ///< the sum of the quota items' amounts
-    double area = 0;            ///< of the building's floors in m2, for costs per m2; 0 when not given
-    bool features = false;      ///< whether the text shows the features of bill items
+    std::int64_t quotaFen = 0;       ///< the sum of the quota items' amounts
+    double area = 0;                 ///< of the building's floors in m2, for costs per m2; 0 when not given
+    bool features = false;           ///< whether the text shows the features of bill items
     std::vector<Problems> problems;  ///< one entry a file that was read
 };
 

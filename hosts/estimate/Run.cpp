@@ -8,14 +8,16 @@ namespace Estimate {
 namespace {
 
 constexpr const char* Footer =
-    "Exit status: 0 when all was priced or answered, 1 when some rows or arguments were bad and are reported on\n"
+    "Exit status: 0 when all was priced or answered, 1 when some rows or arguments were bad and are reported "
+    "on\n"
     "standard error, 2 when the program could not run.\n"
     "An argument that begins with \"-\" and is no option stands behind \"--\": estimate eval -- '-(1+2)'";
 
 }  // namespace
 
 int Run(const std::vector<std::string>& arguments, const Streams& streams) {
-    CLI::App app("Prices a bill of quantities, and tries the operations that it takes one by one.", "estimate");
+    CLI::App app("Prices a bill of quantities, and tries the operations that it takes one by one.",
+                 "estimate");
     app.require_subcommand(1);
     app.footer(Footer);
     app.set_help_all_flag("--help-all", "Print the help of all commands and exit");

@@ -1,10 +1,10 @@
 #include "Summary.h"
 
-#include <QsUtils/QsUtils.h>
-
 #include <map>
 #include <unordered_map>
 #include <utility>
+
+#include <QsUtils/QsUtils.h>
 
 #include "Chapters.h"
 #include "Units.h"
@@ -92,8 +92,14 @@ std::vector<Resource> ResourcesOf(const Bill& bill) {
         std::string digest = DigestOf(quota);
         const auto [place, added] = places.try_emplace(digest, resources.size());
         if (added)
-            resources.push_back(
-                {std::move(digest), quota.code, quota.name, quota.unit, quota.price, 0, {0, quota.quantity.decimals}, 0});
+            resources.push_back({std::move(digest),
+                                 quota.code,
+                                 quota.name,
+                                 quota.unit,
+                                 quota.price,
+                                 0,
+                                 {0, quota.quantity.decimals},
+                                 0});
         Resource& resource = resources[place->second];
         ++resource.rows;
         AddTo(resource.quantity.units, quota.quantity.units);

@@ -1,8 +1,9 @@
+#include <memory>
+#include <utility>
+
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
-#include <memory>
-#include <utility>
 
 #include "Commands.h"
 #include "Decimal.h"
@@ -28,7 +29,8 @@ int Capital(const CapitalOptions& options, const Streams& streams) {
             status = SomeBad;
             continue;
         }
-        streams.out << ToUtf8(options.plain ? IQsUtils::TransIntToUpper(whole) : IQsUtils::NumToRMBStr(*value))
+        streams.out << ToUtf8(options.plain ? IQsUtils::TransIntToUpper(whole)
+                                            : IQsUtils::NumToRMBStr(*value))
                     << '\n';
     }
     return status;
@@ -59,7 +61,9 @@ struct UnitOptions {
     std::string other;
 };
 
-std::string FactorText(double factor) { return ToUtf8(IQsUtils::DoubleToCString(factor, MaxDecimals, true)); }
+std::string FactorText(double factor) {
+    return ToUtf8(IQsUtils::DoubleToCString(factor, MaxDecimals, true));
+}
 
 int Unit(const UnitOptions& options, const Streams& streams) {
     const std::string unit = NormalizeUnit(options.unit);
@@ -84,7 +88,8 @@ int Unit(const UnitOptions& options, const Streams& streams) {
 void AddCapital(CLI::App& app, const Streams& streams, int& status) {
     auto options = std::make_shared<CapitalOptions>();
     CLI::App* command = app.add_subcommand("capital", "Write amounts of money in capital numerals");
-    command->add_option("amount", options->amounts, "Amounts in yuan; lines of standard input when there are none");
+    command->add_option("amount", options->amounts,
+                        "Amounts in yuan; lines of standard input when there are none");
     command->add_flag("--plain", options->plain, "Write whole numbers in ordinary numerals");
     command->callback([options, &streams, &status] { status = Capital(*options, streams); });
 }

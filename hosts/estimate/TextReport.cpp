@@ -90,9 +90,8 @@ void WriteFeatures(std::ostream& out, const BillItem& item) {
 void WriteItems(std::ostream& out, const Report& report) {
     ItemTable table({"项目编码", "项目名称", "单位", "工程量", "单价(元)", "合价(元)"}, {L, L, L, R, R, R});
     for (const BillItem& item : report.bill.items)
-        VisitItem(report.bill, item, [&](const Item& each, std::string_view indent) {
-            table.Measure(ItemCells(each, indent));
-        });
+        VisitItem(report.bill, item,
+                  [&](const Item& each, std::string_view indent) { table.Measure(ItemCells(each, indent)); });
     table.Measure(SubtotalCells("合计", report.bill.fen));
     table.WriteHeadings(out);
     for (const Chapter& chapter : report.chapters) {
@@ -114,7 +113,8 @@ void WriteItems(std::ostream& out, const Report& report) {
 std::string Share(std::int64_t part, std::int64_t whole) {
     if (whole == 0)
         return "-";
-    return DecimalText({RoundToDecimals(100.0 * static_cast<double>(part) / static_cast<double>(whole), 2).value_or(0), 2});
+    return DecimalText(
+        {RoundToDecimals(100.0 * static_cast<double>(part) / static_cast<double>(whole), 2).value_or(0), 2});
 }
 
 using ChapterTable = Table<5>;
@@ -162,9 +162,9 @@ void WriteResources(std::ostream& out, const Report& report) {
                         {L, L, L, R, R, R, R, L});
     const auto visit = [&](const auto& take) {
         for (const Resource& each : report.resources)
-            take({Shortened(each.code, CodeWidth), Shortened(each.name, NameWidth), Shortened(each.unit, UnitWidth),
-                  DecimalText(each.quantity), PriceText(each.price, true), GroupedText({each.fen, 2}),
-                  std::to_string(each.rows), each.digest.substr(0, 8)});
+            take({Shortened(each.code, CodeWidth), Shortened(each.name, NameWidth),
+                  Shortened(each.unit, UnitWidth), DecimalText(each.quantity), PriceText(each.price, true),
+                  GroupedText({each.fen, 2}), std::to_string(each.rows), each.digest.substr(0, 8)});
     };
     visit([&](const ResourceTable::Cells& cells) { table.Measure(cells); });
     out << "\n定额、材料汇总\n\n";

@@ -19,13 +19,13 @@ using Rule = std::pair<std::string_view, int>;
 // As the measurement code asks: tonnes to the kilogram, lengths, areas and volumes to the hundredth, pieces
 // whole.
 constexpr std::array Rules = {
-    Rule{"t", 3},     Rule{"T", 3},   Rule{"吨", 3},  Rule{"kg", 2}, Rule{"KG", 2}, Rule{"公斤", 2}, Rule{"m", 2},
-    Rule{"m2", 2},    Rule{"M2", 2},  Rule{"m3", 2},  Rule{"M3", 2}, Rule{"个", 0}, Rule{"件", 0},   Rule{"根", 0},
-    Rule{"组", 0},    Rule{"樘", 0},  Rule{"套", 0},  Rule{"项", 0}, Rule{"座", 0}, Rule{"台", 0},   Rule{"块", 0},
-    Rule{"榀", 0},    Rule{"系统", 0}, Rule{"处", 0}, Rule{"支", 0}, Rule{"副", 0}, Rule{"台班", 2}, Rule{"工日", 2},
-    Rule{"台次", 0},  Rule{"孔", 0},  Rule{"棵", 0},  Rule{"株", 0}, Rule{"面", 0}, Rule{"段", 0},   Rule{"昼夜", 0},
-    Rule{"间", 0},    Rule{"把", 0},
-    Rule{"千块", 3},  Rule{"百块", 2}, Rule{"万块", 4}};
+    Rule{"t", 3},  Rule{"T", 3},    Rule{"吨", 3},   Rule{"kg", 2},   Rule{"KG", 2},   Rule{"公斤", 2},
+    Rule{"m", 2},  Rule{"m2", 2},   Rule{"M2", 2},   Rule{"m3", 2},   Rule{"M3", 2},   Rule{"个", 0},
+    Rule{"件", 0}, Rule{"根", 0},   Rule{"组", 0},   Rule{"樘", 0},   Rule{"套", 0},   Rule{"项", 0},
+    Rule{"座", 0}, Rule{"台", 0},   Rule{"块", 0},   Rule{"榀", 0},   Rule{"系统", 0}, Rule{"处", 0},
+    Rule{"支", 0}, Rule{"副", 0},   Rule{"台班", 2}, Rule{"工日", 2}, Rule{"台次", 0}, Rule{"孔", 0},
+    Rule{"棵", 0}, Rule{"株", 0},   Rule{"面", 0},   Rule{"段", 0},   Rule{"昼夜", 0}, Rule{"间", 0},
+    Rule{"把", 0}, Rule{"千块", 3}, Rule{"百块", 2}, Rule{"万块", 4}};
 constexpr int OtherUnits = 2;
 
 std::size_t MultipleLength(std::string_view unit) {
@@ -34,7 +34,8 @@ std::size_t MultipleLength(std::string_view unit) {
 }
 
 int DecimalsWithoutMultiple(std::string_view unit) {
-    const auto rule = std::find_if(Rules.begin(), Rules.end(), [&](const Rule& each) { return each.first == unit; });
+    const auto rule =
+        std::find_if(Rules.begin(), Rules.end(), [&](const Rule& each) { return each.first == unit; });
     return rule == Rules.end() ? OtherUnits : rule->second;
 }
 
@@ -51,7 +52,8 @@ std::string NormalizeUnit(std::string_view unit) {
 int UnitDecimals(std::string_view unit) {
     const std::size_t multiple = MultipleLength(unit);
     const int zeros = multiple == 0 ? 0 : static_cast<int>(multiple) - 1;
-    return std::min(MaxDecimals, std::min(zeros, MaxDecimals) + DecimalsWithoutMultiple(unit.substr(multiple)));
+    return std::min(MaxDecimals,
+                    std::min(zeros, MaxDecimals) + DecimalsWithoutMultiple(unit.substr(multiple)));
 }
 
 IndicatorUnit IndicatorUnitOf(std::string_view unit) {

@@ -2,10 +2,10 @@
 // indicators count it.
 #pragma once
 
-#include <QsUtils/QsUtils.h>
-
 #include <string>
 #include <string_view>
+
+#include <QsUtils/QsUtils.h>
 
 namespace Estimate {
 

@@ -105,7 +105,8 @@ std::string ToUtf8(std::u16string_view text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
         char32_t character = text[i];
         if (character >= 0xD800 && character <= 0xDFFF) {
-            const bool paired = character <= 0xDBFF && i + 1 < text.size() && (text[i + 1] & 0xFC00) == 0xDC00;
+            const bool paired =
+                character <= 0xDBFF && i + 1 < text.size() && (text[i + 1] & 0xFC00) == 0xDC00;
             character = paired ? (character << 10) + text[i + 1] - 0x35FDC00 : Replacement;
             i += paired ? 1 : 0;
         }

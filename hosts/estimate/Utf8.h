@@ -1,11 +1,11 @@
 // UTF-8, the encoding in which this program keeps and prints its texts.
 #pragma once
 
-#include <QsUtils/QsUtils.h>
-
 #include <cstdint>
 #include <string>
 #include <string_view>
+
+#include <QsUtils/QsUtils.h>
 
 namespace Estimate {
 
@@ -34,6 +34,8 @@ char32_t NextCharacter(std::string_view text, std::size_t& at) noexcept;
 /// Malformed bytes, which only a command line can bring, become U+FFFD.
 CString FromUtf8(std::string_view text);
 std::string ToUtf8(std::u16string_view text);
-inline std::string ToUtf8(const CString& text) { return ToUtf8(text.View()); }
+inline std::string ToUtf8(const CString& text) {
+    return ToUtf8(text.View());
+}
 
 }  // namespace Estimate

@@ -13,14 +13,17 @@
 namespace Estimate {
 namespace {
 
-constexpr std::string_view NameHeadings[] = {"name", "variable", "变量", "变量名", "变量名称", "名称", "代码"};
+constexpr std::string_view NameHeadings[] = {"name",     "variable", "变量", "变量名",
+                                             "变量名称", "名称",     "代码"};
 constexpr std::string_view ValueHeadings[] = {"value", "值", "变量值", "数值"};
 constexpr std::array Specs = {ColumnSpec{"name", NameHeadings}, ColumnSpec{"value", ValueHeadings}};
 enum Column : std::size_t { Name, Value };
 
 constexpr double ValueLimit = 1e9;
 
-CString Lower(const CString& name) { return CString(name).MakeLower(); }
+CString Lower(const CString& name) {
+    return CString(name).MakeLower();
+}
 
 std::string WhyNoName(const CString& name) {
     if (name.IsEmpty())
@@ -76,8 +79,8 @@ std::string ReadVariables(std::istream& in, Variables& variables, Problems& prob
         std::string reason = variables.Add(name, value);
         if (!reason.empty()) {
             const std::size_t column = reason.starts_with("the value") ? Value : Name;
-            problems.found.push_back(
-                {Severity::Error, row.line, columns.Number(column), columns.Title(column), std::move(reason)});
+            problems.found.push_back({Severity::Error, row.line, columns.Number(column),
+                                      columns.Title(column), std::move(reason)});
             ++problems.badRows;
         }
         return true;

@@ -1,11 +1,11 @@
 // The variables of quantity formulas: names and values.
 #pragma once
 
-#include <QsUtils/QsUtils.h>
-
 #include <istream>
 #include <map>
 #include <string>
+
+#include <QsUtils/QsUtils.h>
 
 #include "Problem.h"
 

@@ -1,10 +1,10 @@
 // estimate: prices a bill of quantities from the command line.
-#include <unistd.h>
-
 #include <exception>
 #include <iostream>
 #include <string>
 #include <vector>
+
+#include <unistd.h>
 
 #include "Commands.h"
 

@@ -8,13 +8,14 @@
 namespace {
 
 constexpr std::size_t QuotasOfItem = 4;
-constexpr std::array Chapters = {"010101", "010401", "010402", "010501", "010505", "010515", "010807", "010902",
-                                 "011001", "011102", "011201", "011302", "011406", "011702"};
+constexpr std::array Chapters = {"010101", "010401", "010402", "010501", "010505", "010515", "010807",
+                                 "010902", "011001", "011102", "011201", "011302", "011406", "011702"};
 constexpr std::array Units = {"m3", "m2", "t", "m", "樘"};
 
 std::string Numbered(const char* format, std::size_t a, std::size_t b) {
     std::array<char, 64> text{};
-    const int length = std::snprintf(text.data(), text.size(), format, static_cast<int>(a), static_cast<int>(b));
+    const int length =
+        std::snprintf(text.data(), text.size(), format, static_cast<int>(a), static_cast<int>(b));
     return std::string(text.data(), static_cast<std::size_t>(length));
 }
 
@@ -31,8 +32,9 @@ void GenerateBill(std::ostream& out, std::size_t rows) {
             // Counting by a step without a common factor passes every number of the six digits once.
             const std::size_t number = items * 700'001 % 1'000'000;
             const char* chapter = Chapters[items % Chapters.size()];
-            out << chapter << Numbered("%06d", number, 0) << ",项目" << items << ",\"特征:第" << items << "项\","
-                << Units[items % Units.size()] << ',' << Numbered("(%d.5+3)*%d*2+-1.8*2.1", sides, cents + 1)
+            out << chapter << Numbered("%06d", number, 0) << ",项目" << items << ",\"特征:第" << items
+                << "项\"," << Units[items % Units.size()] << ','
+                << Numbered("(%d.5+3)*%d*2+-1.8*2.1", sides, cents + 1)
                 << Numbered(",%d.%02d\n", sides + 100, cents);
             ++items;
         } else {

@@ -7,7 +7,9 @@ using namespace Estimate;
 
 namespace {
 
-std::string Reason(const std::string& rows) { return PriceBill(Headings + rows).OnlyProblem(); }
+std::string Reason(const std::string& rows) {
+    return PriceBill(Headings + rows).OnlyProblem();
+}
 
 constexpr const char* OneItem = "010401001001,砖基础,,m3,10,100\n";
 
@@ -40,7 +42,8 @@ TEST(BillReader, PricesItemsAndQuotas) {
 }
 
 TEST(BillReader, QIsTheRoundedQuantity) {
-    const PricedBill priced = PriceBill(std::string(Headings) + "010401001001,a,,m3,1.005,1\n4-1,b,,m3,Q*100,1\n");
+    const PricedBill priced =
+        PriceBill(std::string(Headings) + "010401001001,a,,m3,1.005,1\n4-1,b,,m3,Q*100,1\n");
     EXPECT_EQ(DecimalText(priced.bill.items[0].quantity), "1.01");
     EXPECT_EQ(DecimalText(priced.bill.quotas[0].quantity), "101.00");
 }
@@ -54,10 +57,11 @@ TEST(BillReader, AMissingPriceIsComposed) {
 }
 
 TEST(BillReader, CodeOrder) {
-    const PricedBill priced = PriceBill(std::string(Headings) +
-                                        "011101001001,c,,m2,1,1\nB1-10,x,,m2,1,1\nB1-9,y,,m2,1,1\n4-1,z,,m2,1,1\n"
-                                        "010401001002,b,,m3,1,1\n2-10,p,,m2,1,1\n2-9,q,,m2,1,1\n"
-                                        "010401001001,a,,m3,1,1\n");
+    const PricedBill priced =
+        PriceBill(std::string(Headings) +
+                  "011101001001,c,,m2,1,1\nB1-10,x,,m2,1,1\nB1-9,y,,m2,1,1\n4-1,z,,m2,1,1\n"
+                  "010401001002,b,,m3,1,1\n2-10,p,,m2,1,1\n2-9,q,,m2,1,1\n"
+                  "010401001001,a,,m3,1,1\n");
     std::string order;
     for (const BillItem& item : priced.bill.items) {
         order.append(item.name).append(":");
@@ -84,12 +88,14 @@ TEST(BillReader, MarkQuotesAndLines) {
     ASSERT_EQ(priced.bill.items.size(), 1u);
     EXPECT_EQ(priced.bill.items[0].line, 4u);
     EXPECT_EQ(priced.bill.fen, 246'900);
-    const PricedBill features = PriceBill("编码,名称,特征,单位,工程量,单价\n010401001001,a,\"1.x\n2.\"\"y\"\"\",m3,1,1\n");
+    const PricedBill features =
+        PriceBill("编码,名称,特征,单位,工程量,单价\n010401001001,a,\"1.x\n2.\"\"y\"\"\",m3,1,1\n");
     EXPECT_EQ(features.bill.items.at(0).features, "1.x\n2.\"y\"");
 }
 
 TEST(BillReader, HeadingsInsideAreSkipped) {
-    const PricedBill priced = PriceBill(std::string("某办公楼\n") + Headings + ",土石方工程,,,,\n" + OneItem + "\n,,,,,\n");
+    const PricedBill priced =
+        PriceBill(std::string("某办公楼\n") + Headings + ",土石方工程,,,,\n" + OneItem + "\n,,,,,\n");
     EXPECT_TRUE(priced.problems.found.empty());
     EXPECT_EQ(priced.bill.items.size(), 1u);
     EXPECT_EQ(priced.bill.items[0].line, 4u);
@@ -99,7 +105,10 @@ TEST(BillReader, TablesThatCannotBeRead) {
     EXPECT_EQ(PriceBill("").refusal, "no row names the columns: code, name, unit, formula, price");
     EXPECT_EQ(PriceBill("code,name,unit,price\n").refusal, "no row names the columns: formula");
     EXPECT_EQ(PriceBill("\"code").refusal, "a quote opened in this row is never closed");
-    EXPECT_NE(PriceBill("\xFF\xFE" "c").refusal, "");
+    EXPECT_NE(PriceBill("\xFF\xFE"
+                        "c")
+                  .refusal,
+              "");
 }
 
 TEST(BillReader, ReasonsOfBillRows) {
@@ -110,10 +119,14 @@ TEST(BillReader, ReasonsOfBillRows) {
     EXPECT_EQ(Reason("010401001001,a,,m3,Q,1\n"), "2:5:there is no project amount that Q could stand for");
     EXPECT_EQ(Reason("010401001001,a,,m3,1000000000,1\n"), "2:5:the quantity is a thousand million or more");
     EXPECT_EQ(Reason("010401001001,a,,m3,1,x\n"), "2:6:the unit price is no number: \"x\"");
-    EXPECT_EQ(Reason("010401001001,a,,m3,1,1000000000\n"), "2:6:the unit price is a thousand million yuan or more");
-    EXPECT_EQ(Reason("010401001001,a,,m3,999999999,11\n"), "2:6:the amount is ten thousand million yuan or more");
-    EXPECT_EQ(Reason("010401001001,a,,m3,1,\n"), "2:6:the unit price is empty, and no quota rows compose one");
-    EXPECT_EQ(Reason("010401001001,a,,m3,0,\n4-1,b,,m3,1,1\n"), "2:6:no price can be composed for a quantity of 0");
+    EXPECT_EQ(Reason("010401001001,a,,m3,1,1000000000\n"),
+              "2:6:the unit price is a thousand million yuan or more");
+    EXPECT_EQ(Reason("010401001001,a,,m3,999999999,11\n"),
+              "2:6:the amount is ten thousand million yuan or more");
+    EXPECT_EQ(Reason("010401001001,a,,m3,1,\n"),
+              "2:6:the unit price is empty, and no quota rows compose one");
+    EXPECT_EQ(Reason("010401001001,a,,m3,0,\n4-1,b,,m3,1,1\n"),
+              "2:6:no price can be composed for a quantity of 0");
     EXPECT_EQ(Reason("010401001001,a,,m3,0.01,\n4-1,b,,m3,9000000,1000\n"),
               "2:6:the composed price is a thousand million yuan or more");
     EXPECT_EQ(Reason("01040100101,a,,m3,1,1\n").substr(0, 33), "2 problems");
@@ -125,9 +138,11 @@ TEST(BillReader, ReasonsOfQuotaRows) {
     EXPECT_EQ(Reason("4-1,a,,m3,1,1\n"), "2:0:no bill item stands above the quota row");
     EXPECT_EQ(Reason(std::string(OneItem) + "4-1,a,,m3,1,\n"), "3:6:the unit price is empty");
     EXPECT_EQ(Reason(std::string(OneItem) + ",a,,m3,1,1\n"), "3:1:the code is empty");
-    EXPECT_EQ(Reason(std::string(OneItem) + std::string(65, 'A') + ",a,,m3,1,1\n"), "3:1:the code has more than 64 bytes");
-    EXPECT_EQ(Reason(std::string(OneItem) + "01040100100,a,,m3,1,1\n"),
-              "3:1:a bill code has 12 digits, nine of the national code and three of sequence; this one has 11");
+    EXPECT_EQ(Reason(std::string(OneItem) + std::string(65, 'A') + ",a,,m3,1,1\n"),
+              "3:1:the code has more than 64 bytes");
+    EXPECT_EQ(
+        Reason(std::string(OneItem) + "01040100100,a,,m3,1,1\n"),
+        "3:1:a bill code has 12 digits, nine of the national code and three of sequence; this one has 11");
     EXPECT_EQ(Reason(std::string(OneItem) + "4-1,a,,m3,(1*2),1\n").substr(0, 11), "3:5:at 3: a");
 }
 
@@ -138,9 +153,9 @@ TEST(BillReader, AShortRowLacksItsLastFields) {
 }
 
 TEST(BillReader, TheOthersArePriced) {
-    const PricedBill priced =
-        PriceBill(std::string(Headings) + "010401001001,a,,m3,1,x\n4-1,b,,m3,1,1\n010401001002,c,,m3,2,3\n"
-                                          "4-2,d,,m3,bad,1\n4-3,e,,m3,1,1\n");
+    const PricedBill priced = PriceBill(std::string(Headings) +
+                                        "010401001001,a,,m3,1,x\n4-1,b,,m3,1,1\n010401001002,c,,m3,2,3\n"
+                                        "4-2,d,,m3,bad,1\n4-3,e,,m3,1,1\n");
     EXPECT_EQ(priced.problems.badRows, 3u);
     ASSERT_EQ(priced.problems.found.size(), 3u);
     EXPECT_EQ(priced.problems.found[1].reason, "the bill item above it, on line 2, can't be priced");
@@ -151,7 +166,8 @@ TEST(BillReader, TheOthersArePriced) {
 
 TEST(BillReader, ABadQuotaRowLeavesNoComposedPrice) {
     const PricedBill priced =
-        PriceBill(std::string(Headings) + "010401001001,a,,m3,1,\n4-1,b,,m3,1,1\n4-2,c,,m3,bad,1\n" + "4-3,d,,m3,1,1\n");
+        PriceBill(std::string(Headings) + "010401001001,a,,m3,1,\n4-1,b,,m3,1,1\n4-2,c,,m3,bad,1\n" +
+                  "4-3,d,,m3,1,1\n");
     EXPECT_TRUE(priced.bill.items.empty());
     EXPECT_TRUE(priced.bill.quotas.empty());
     EXPECT_EQ(priced.problems.badRows, 4u);
@@ -160,7 +176,8 @@ TEST(BillReader, ABadQuotaRowLeavesNoComposedPrice) {
 }
 
 TEST(BillReader, TheRowBehindABadItemIsNotBad) {
-    const PricedBill priced = PriceBill(std::string(Headings) + "010401001001,a,,m3,1,\n010401001002,b,,m3,2,3\n");
+    const PricedBill priced =
+        PriceBill(std::string(Headings) + "010401001001,a,,m3,1,\n010401001002,b,,m3,2,3\n");
     EXPECT_EQ(priced.problems.badRows, 1u);
     ASSERT_EQ(priced.bill.items.size(), 1u);
     EXPECT_EQ(priced.bill.items[0].name, "b");
@@ -177,7 +194,8 @@ TEST(BillReader, WarningsDoNotMakeARowBad) {
 }
 
 TEST(BillReader, AnOpenQuoteEndsTheTable) {
-    const PricedBill priced = PriceBill(std::string(Headings) + OneItem + "010401001002,\"b,,m3,2,3\n010401001003,c\n");
+    const PricedBill priced =
+        PriceBill(std::string(Headings) + OneItem + "010401001002,\"b,,m3,2,3\n010401001003,c\n");
     EXPECT_EQ(priced.refusal, "");
     EXPECT_EQ(priced.OnlyProblem(), "3:0:a quote opened in this row is never closed");
     EXPECT_EQ(priced.problems.badRows, 1u);
@@ -185,7 +203,8 @@ TEST(BillReader, AnOpenQuoteEndsTheTable) {
 }
 
 TEST(BillReader, DeductionsHaveNegativeQuantities) {
-    const PricedBill priced = PriceBill(std::string(Headings) + "010401001001,a,,m3,-2,10.5\n4-1,b,,m3,2*Q,1\n");
+    const PricedBill priced =
+        PriceBill(std::string(Headings) + "010401001001,a,,m3,-2,10.5\n4-1,b,,m3,2*Q,1\n");
     EXPECT_EQ(priced.bill.fen, -2100);
     EXPECT_EQ(priced.bill.quotas[0].fen, -400);
 }

@@ -1,14 +1,15 @@
-#include "Columns.h"
-
 #include <gtest/gtest.h>
 
 #include "BillColumns.h"
+#include "Columns.h"
 
 using namespace Estimate;
 
 namespace {
 
-CsvRow RowOf(const std::vector<std::string>& fields) { return {1, {fields.data(), fields.size()}}; }
+CsvRow RowOf(const std::vector<std::string>& fields) {
+    return {1, {fields.data(), fields.size()}};
+}
 
 }  // namespace
 

@@ -1,9 +1,9 @@
-#include <gtest/gtest.h>
-#include <unistd.h>
-
 #include <cstdio>
 #include <filesystem>
+
+#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+#include <unistd.h>
 
 #include "TestSupport.h"
 
@@ -14,7 +14,9 @@ namespace fs = std::filesystem;
 const std::string Bill = std::string(Headings) + "010401001001,砖基础,,m3,10,100\n";
 const std::string BadBill = Bill + "4-1,a,,m3,?,1\n";
 
-bool Has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+bool Has(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
 
 /// A folder that goes with the test.
 class Folder {
@@ -51,9 +53,15 @@ TEST(Commands, HelpEverywhere) {
 }
 
 TEST(Commands, WrongUsageCannotRun) {
-    for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{}, {"unknown"}, {"price"}, {"price", "-", "--json", "--csv"}, {"price", "-", "--bom"},
-          {"unit"}, {"sort", "--kind", "x"}, {"eval", "-d", "7", "1"}, {"price", "-", "--nonsense"}}) {
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{},
+                                                      {"unknown"},
+                                                      {"price"},
+                                                      {"price", "-", "--json", "--csv"},
+                                                      {"price", "-", "--bom"},
+                                                      {"unit"},
+                                                      {"sort", "--kind", "x"},
+                                                      {"eval", "-d", "7", "1"},
+                                                      {"price", "-", "--nonsense"}}) {
         const ProgramRun run = RunProgram(arguments);
         EXPECT_EQ(run.status, 2);
         EXPECT_NE(run.err, "");
@@ -77,7 +85,8 @@ TEST(Commands, BadRowsGiveStatusOne) {
 }
 
 TEST(Commands, WarningsGiveStatusNull) {
-    const ProgramRun run = RunProgram({"price", "-"}, std::string(Headings) + "010401001001,a,,m3,10-2-3,1\n");
+    const ProgramRun run =
+        RunProgram({"price", "-"}, std::string(Headings) + "010401001001,a,,m3,10-2-3,1\n");
     EXPECT_EQ(run.status, 0);
     EXPECT_TRUE(Has(run.err, ":2:5: warning: formula: at 5:"));
 }
@@ -109,7 +118,8 @@ TEST(Commands, OutputFilesArePutInPlaceWhole) {
     const std::string target = folder.Write("out.csv", "before");
     EXPECT_EQ(RunProgram({"price", "-", "--csv", "--bom", "-o", target}, Bill).status, 0);
     EXPECT_TRUE(ReadWhole(target).starts_with("\xEF\xBB\xBF\"kind\",\"code\""));
-    EXPECT_EQ(std::distance(fs::directory_iterator(fs::path(target).parent_path()), fs::directory_iterator()), 1);
+    EXPECT_EQ(std::distance(fs::directory_iterator(fs::path(target).parent_path()), fs::directory_iterator()),
+              1);
     EXPECT_EQ(RunProgram({"price", "-", "-o", "/dev/null"}, Bill).status, 0);
     EXPECT_EQ(RunProgram({"price", "-", "-o", "/dev/full"}, Bill).status, 2);
 }

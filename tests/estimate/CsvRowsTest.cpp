@@ -1,11 +1,11 @@
-#include "CsvRows.h"
-
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <random>
 #include <sstream>
 #include <stdexcept>
+
+#include <gtest/gtest.h>
+
+#include "CsvRows.h"
 
 using namespace Estimate;
 
@@ -92,11 +92,12 @@ TEST(CsvRows, ProgressReachesTheSize) {
     const std::string text(700'000, 'x');
     std::istringstream in(text);
     std::uint64_t last = 0;
-    ReadCsv(in, Encoding::Utf8, [](const CsvRow&) { return true; },
-            [&](std::uint64_t bytes) {
-                EXPECT_GT(bytes, last);
-                last = bytes;
-            });
+    ReadCsv(
+        in, Encoding::Utf8, [](const CsvRow&) { return true; },
+        [&](std::uint64_t bytes) {
+            EXPECT_GT(bytes, last);
+            last = bytes;
+        });
     EXPECT_EQ(last, text.size());
 }
 

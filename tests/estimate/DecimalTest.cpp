@@ -1,12 +1,11 @@
-#include "Decimal.h"
-
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <cstdio>
 #include <limits>
 #include <random>
 
+#include <gtest/gtest.h>
+
+#include "Decimal.h"
 #include "Utf8.h"
 
 using namespace Estimate;
@@ -71,8 +70,8 @@ TEST(Decimal, AgreesWithRoundingByHand) {
 }
 
 TEST(Decimal, AmountsAreExact) {
-    EXPECT_EQ(AmountInFen({125, 1}, 10'040'000), 12'550);       // 12.5 * 10.04 = 125.50
-    EXPECT_EQ(AmountInFen({1, 2}, 500'000), 1);                 // 0.01 * 0.50 = 0.005
+    EXPECT_EQ(AmountInFen({125, 1}, 10'040'000), 12'550);  // 12.5 * 10.04 = 125.50
+    EXPECT_EQ(AmountInFen({1, 2}, 500'000), 1);            // 0.01 * 0.50 = 0.005
     EXPECT_EQ(AmountInFen({-1, 2}, 500'000), -1);
     EXPECT_EQ(AmountInFen({1, 2}, 499'999), 0);
     EXPECT_EQ(AmountInFen({1'000'000'000, 0}, 10'000'000), std::nullopt);  // ten thousand million yuan
@@ -88,7 +87,8 @@ TEST(Decimal, AmountsAgreeWithWholeNumbers) {
         const auto price = static_cast<std::int64_t>(random() % 1'000'000'000);
         const std::int64_t product = quantity.units * price;
         const std::int64_t step = scales[quantity.decimals] * 10'000;
-        const std::int64_t plain = (std::abs(product) / step + (std::abs(product) % step * 2 >= step ? 1 : 0));
+        const std::int64_t plain =
+            (std::abs(product) / step + (std::abs(product) % step * 2 >= step ? 1 : 0));
         ASSERT_EQ(AmountInFen(quantity, price), product < 0 ? -plain : plain);
     }
 }
@@ -132,7 +132,7 @@ TEST(Decimal, ReadsNumbersOfTables) {
     EXPECT_EQ(Number(" -3 "), "-3.000000");
     EXPECT_EQ(Number("1,234.50"), "1234.500000");
     EXPECT_EQ(Number("-12,345,678"), "-12345678.000000");
-    for (const char* text : {"", "abc", "1e5", "1.2.3", "12,34", "1234,567", ",123", "1,234,5", "1.234,567", "1,,234",
-                             "1,23a", "1,234,", "-", "5.", ".5", "1 2"})
+    for (const char* text : {"", "abc", "1e5", "1.2.3", "12,34", "1234,567", ",123", "1,234,5", "1.234,567",
+                             "1,,234", "1,23a", "1,234,", "-", "5.", ".5", "1 2"})
         EXPECT_EQ(Number(text), "none") << text;
 }

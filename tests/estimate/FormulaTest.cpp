@@ -1,10 +1,9 @@
-#include "Formula.h"
-
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <random>
 
+#include <gtest/gtest.h>
+
+#include "Formula.h"
 #include "Utf8.h"
 
 using namespace Estimate;
@@ -40,7 +39,9 @@ std::string Warning(const std::u16string& formula) {
     return result.remarks[0].reason;
 }
 
-bool Has(const std::string& text, const char* part) { return text.find(part) != std::string::npos; }
+bool Has(const std::string& text, const char* part) {
+    return text.find(part) != std::string::npos;
+}
 
 }  // namespace
 
@@ -109,8 +110,10 @@ TEST(Formula, Errors) {
 }
 
 TEST(Formula, AProductInBracketsIsAnError) {
-    for (const char16_t* formula : {u"2*(3*4)", u"(1*2)+3", u"(A/2)", u"sin(1×2)", u"[2÷1]", u"{2^2}", u"((1*2))"})
-        EXPECT_TRUE(Has(Result(formula), "a product or quotient inside brackets")) << ToUtf8(CString(formula));
+    for (const char16_t* formula :
+         {u"2*(3*4)", u"(1*2)+3", u"(A/2)", u"sin(1×2)", u"[2÷1]", u"{2^2}", u"((1*2))"})
+        EXPECT_TRUE(Has(Result(formula), "a product or quotient inside brackets"))
+            << ToUtf8(CString(formula));
     EXPECT_TRUE(Has(Result(u"1+(2*3)"), "at 5:"));
 }
 
@@ -118,8 +121,8 @@ TEST(Formula, AChainBehindAMinusIsAWarning) {
     for (const char16_t* formula : {u"10-2-3", u"10-2+3", u"(10-2-3)*2", u"2--3+4", u"1-2*3+4", u"1-(2+3)-4"})
         EXPECT_TRUE(Has(Warning(formula), "all that stands behind a minus is subtracted"))
             << ToUtf8(CString(formula));
-    for (const char16_t* formula : {u"10-2", u"1+2-3", u"10-(2+3)", u"10-(2-3)", u"-1+2", u"-(1+2)+3", u"1+-2+-3+4",
-                                    u"(1-2)+(3-4)", u"1*2+-3*4+5-6"})
+    for (const char16_t* formula : {u"10-2", u"1+2-3", u"10-(2+3)", u"10-(2-3)", u"-1+2", u"-(1+2)+3",
+                                    u"1+-2+-3+4", u"(1-2)+(3-4)", u"1*2+-3*4+5-6"})
         EXPECT_EQ(Warning(formula), "") << ToUtf8(CString(formula));
     EXPECT_TRUE(Has(Warning(u"10-2-3"), "at 5:"));
     EXPECT_EQ(Result(u"10-2-3"), "11");

@@ -1,9 +1,9 @@
-#include "InputText.h"
+#include <iterator>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
-#include <iterator>
-#include <sstream>
+#include "InputText.h"
 
 using namespace Estimate;
 
@@ -43,8 +43,14 @@ TEST(InputText, EverythingElseIsGbk) {
 }
 
 TEST(InputText, NoText) {
-    EXPECT_EQ(Detect("\xFF\xFE" "a").text.refusal, "the text is UTF-16; save it as CSV in UTF-8 or GBK");
-    EXPECT_EQ(Detect("\xFE\xFF" "a").text.refusal, "the text is UTF-16; save it as CSV in UTF-8 or GBK");
+    EXPECT_EQ(Detect("\xFF\xFE"
+                     "a")
+                  .text.refusal,
+              "the text is UTF-16; save it as CSV in UTF-8 or GBK");
+    EXPECT_EQ(Detect("\xFE\xFF"
+                     "a")
+                  .text.refusal,
+              "the text is UTF-16; save it as CSV in UTF-8 or GBK");
     EXPECT_EQ(Detect(std::string("a\0b", 3)).text.refusal, "this is no text: it holds NUL bytes");
     EXPECT_EQ(Detect("a").text.refusal, "");
 }

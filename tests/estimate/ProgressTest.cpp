@@ -1,8 +1,8 @@
-#include "Progress.h"
+#include <sstream>
 
 #include <gtest/gtest.h>
 
-#include <sstream>
+#include "Progress.h"
 
 using Estimate::Progress;
 

@@ -1,10 +1,8 @@
-#include "Report.h"
-
 #include <gtest/gtest.h>
-
 #include <nlohmann/json.hpp>
 
 #include "CsvRows.h"
+#include "Report.h"
 #include "TestSupport.h"
 #include "TextWidth.h"
 
@@ -35,7 +33,9 @@ std::string Written(const Write& write, const Report& report) {
     return out.str();
 }
 
-bool Has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+bool Has(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
 
 }  // namespace
 
@@ -118,8 +118,8 @@ TEST(Report, CsvReadsBack) {
     for (const auto& row : rows)
         EXPECT_EQ(row.size(), 10u);
     using Row = std::vector<std::string>;
-    EXPECT_EQ(rows[1], (Row{"bill", "010401001001", "砖\n基础", "1.砖:\"MU10\"\n2.砂浆", "m3", "2+3", "5.00", "1234.56",
-                            "6172.80", ""}));
+    EXPECT_EQ(rows[1], (Row{"bill", "010401001001", "砖\n基础", "1.砖:\"MU10\"\n2.砂浆", "m3", "2+3", "5.00",
+                            "1234.56", "6172.80", ""}));
     EXPECT_EQ(rows[2], (Row{"quota", "4-1", "砖基础", "", "10m3", "Q/10", "0.500", "40.00", "20.00", ""}));
     EXPECT_EQ(rows[3], (Row{"bill", "010801001001", "木门", "", "樘", "2", "2", "10.125", "20.25", ""}));
     EXPECT_EQ(rows.back()[0], "problem");

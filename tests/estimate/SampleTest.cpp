@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include <map>
+
+#include <gtest/gtest.h>
 
 #include "CsvRows.h"
 #include "TestSupport.h"
@@ -61,7 +61,8 @@ TEST(Sample, IsARealBuilding) {
     }
     EXPECT_GE(kinds["bill"], 80);
     EXPECT_GE(kinds["quota"], 150);
-    for (const char* chapter : {"0101", "0104", "0105", "0108", "0109", "0110", "0111", "0112", "0113", "0114"})
+    for (const char* chapter :
+         {"0101", "0104", "0105", "0108", "0109", "0110", "0111", "0112", "0113", "0114"})
         EXPECT_GE(chapters[chapter], 3) << chapter;
 }
 
@@ -84,8 +85,9 @@ TEST(Sample, AmountsAddUp) {
 TEST(Sample, TheTextEndsWithTheTotal) {
     const ProgramRun run = RunProgram({"price", Bill, "--vars", VariableTable, "--area", "LW*BW*3"});
     EXPECT_EQ(run.status, 0);
-    EXPECT_TRUE(run.out.ends_with("清单合计  2,973,878.20 元\n单方造价  1,868.41 元/m2\n"
-                                  "大写金额  贰佰玖拾柒万叁仟捌佰柒拾捌元贰角\n"))
+    EXPECT_TRUE(
+        run.out.ends_with("清单合计  2,973,878.20 元\n单方造价  1,868.41 元/m2\n"
+                          "大写金额  贰佰玖拾柒万叁仟捌佰柒拾捌元贰角\n"))
         << run.out.substr(run.out.size() - 300);
 }
 

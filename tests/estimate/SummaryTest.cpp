@@ -1,8 +1,7 @@
-#include "Summary.h"
-
 #include <gtest/gtest.h>
 
 #include "Chapters.h"
+#include "Summary.h"
 #include "TestSupport.h"
 
 using namespace Estimate;
@@ -75,8 +74,8 @@ TEST(Summary, ChapterNames) {
     EXPECT_EQ(ChapterName("0304"), "通用安装工程");
     EXPECT_EQ(ChapterName("010599"), "");
     EXPECT_EQ(ChapterName("9999"), "");
-    for (const char* code : {"0101", "0102", "0103", "0105", "0106", "0107", "0108", "0109", "0110", "0111", "0112",
-                             "0113", "0114", "0115", "0116", "010101", "011604", "011707", "010101"})
+    for (const char* code : {"0101", "0102", "0103", "0105", "0106", "0107", "0108", "0109", "0110", "0111",
+                             "0112", "0113", "0114", "0115", "0116", "010101", "011604", "011707", "010101"})
         EXPECT_NE(ChapterName(code), "") << code;
 }
 

@@ -1,7 +1,6 @@
-#include "TextWidth.h"
-
 #include <gtest/gtest.h>
 
+#include "TextWidth.h"
 #include "Utf8.h"
 
 using namespace Estimate;

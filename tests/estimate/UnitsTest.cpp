@@ -1,6 +1,6 @@
-#include "Units.h"
-
 #include <gtest/gtest.h>
+
+#include "Units.h"
 
 using namespace Estimate;
 

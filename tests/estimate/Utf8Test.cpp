@@ -1,8 +1,8 @@
-#include "Utf8.h"
+#include <random>
 
 #include <gtest/gtest.h>
 
-#include <random>
+#include "Utf8.h"
 
 using namespace Estimate;
 
@@ -11,7 +11,9 @@ namespace {
 /// One character at a time, straight from the table of well-formed sequences.
 bool PlainIsUtf8(const std::string& bytes) {
     std::size_t at = 0;
-    const auto byte = [&](std::size_t i) { return i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0u; };
+    const auto byte = [&](std::size_t i) {
+        return i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0u;
+    };
     while (at < bytes.size()) {
         const unsigned lead = byte(at);
         const std::size_t length = lead < 0x80 ? 1 : lead < 0xC0 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
@@ -59,14 +61,16 @@ TEST(Utf8, EveryCharacterComesBack) {
 }
 
 TEST(Utf8, MalformedBytesAreFound) {
-    for (const char* bytes : {"\x80", "\xC0\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xF0\x8F\xBF\xBF",
-                              "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFF", "\xE4\xB8", "a\xE4", "\xE4\xB8\x41"})
+    for (const char* bytes :
+         {"\x80", "\xC0\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xF0\x8F\xBF\xBF",
+          "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFF", "\xE4\xB8", "a\xE4", "\xE4\xB8\x41"})
         EXPECT_FALSE(IsUtf8(bytes)) << bytes;
 }
 
 TEST(Utf8, AgreesWithThePlainCheckOnRandomBytes) {
     std::mt19937 random(7);
-    constexpr unsigned char often[] = {0x41, 0x80, 0x8F, 0x90, 0x9F, 0xA0, 0xBF, 0xC2, 0xE0, 0xE4, 0xED, 0xF0, 0xF4};
+    constexpr unsigned char often[] = {0x41, 0x80, 0x8F, 0x90, 0x9F, 0xA0, 0xBF,
+                                       0xC2, 0xE0, 0xE4, 0xED, 0xF0, 0xF4};
     std::size_t valid = 0;
     for (int i = 0; i < 1'000'000; ++i) {
         std::string bytes(random() % 7, '\0');
@@ -85,6 +89,8 @@ TEST(Utf8, AgreesWithThePlainCheckOnRandomBytes) {
 
 TEST(Utf8, LoneSurrogatesBecomeTheReplacementCharacter) {
     EXPECT_EQ(ToUtf8(CString(std::u16string(1, char16_t{0xD800}))), "\xEF\xBF\xBD");
-    EXPECT_EQ(ToUtf8(CString(std::u16string{char16_t{0xDC00}, u'a'})), "\xEF\xBF\xBD" "a");
+    EXPECT_EQ(ToUtf8(CString(std::u16string{char16_t{0xDC00}, u'a'})),
+              "\xEF\xBF\xBD"
+              "a");
     EXPECT_EQ(FromUtf8("a\xFFz"), u"a\uFFFDz");
 }

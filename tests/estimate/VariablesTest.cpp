@@ -1,10 +1,9 @@
-#include "Variables.h"
+#include <sstream>
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "Utf8.h"
+#include "Variables.h"
 
 using namespace Estimate;
 
@@ -49,8 +48,8 @@ TEST(Variables, FullWidthNamesAndGroupedValues) {
 
 TEST(Variables, NamesThatCannotStandInAFormula) {
     Variables variables;
-    for (const char16_t* name : {u"", u"A+B", u"A B", u"[A]", u"A%", u"2A", u".A", u"Q", u"q", u"cost", u"LNB",
-                                 u"sinus", u"Tank", u"expo", u"sqrt1", u"fabs", u"A×B"})
+    for (const char16_t* name : {u"", u"A+B", u"A B", u"[A]", u"A%", u"2A", u".A", u"Q", u"q", u"cost",
+                                 u"LNB", u"sinus", u"Tank", u"expo", u"sqrt1", u"fabs", u"A×B"})
         EXPECT_NE(variables.Add(name, u"1"), "") << ToUtf8(CString(name));
     EXPECT_EQ(variables.Count(), 0u);
     EXPECT_EQ(variables.Add(u"log", u"1"), "");  // no function of the analyser
