@@ -38,19 +38,16 @@ void CExpressionNode::AssignText(std::u16string_view text) {
     std::copy(text.begin(), text.end(), const_cast<char16_t*>(m_text));
     m_length = static_cast<std::uint32_t>(text.size());
     m_operation = Operation::Unread;
-    if (m_nNodeType == eNodeType_Operand)
-        CalcOperand();
-    else
+    if (m_nNodeType != eNodeType_Operand)
         Arena()->SetChanged();  // the operation is no longer the one parsed
+    ForgetValue();
 }
 
-/// The value of an operand is known at all times, so that a sweep needn't look at it.
-void CExpressionNode::CalcOperand() noexcept {
-    if (m_nNodeType != eNodeType_Operand)
-        return;
-    m_dValue = OperandValue(Text());
-    if (m_bNegative)
-        m_dValue *= -1.0;
+/// Has an operand read its text again when it is next calculated; until then the last value stands.
+void CExpressionNode::ForgetValue() noexcept {
+    m_isValueKnown = false;
+    if (NodeArena* const arena = Arena(); arena->IsAsParsed())
+        arena->NoteUnreadOperand(this);
 }
 
 void CExpressionNode::FreeText() noexcept {
@@ -71,13 +68,13 @@ void CExpressionNode::SetLeafText(const CString& text) {
 
 void CExpressionNode::SetNegative(bool negative) {
     Unfolded().m_bNegative = negative;
-    CalcOperand();
+    ForgetValue();
 }
 
 void CExpressionNode::SetNodeType(std::int32_t type) {
     Unfolded().m_nNodeType = type;
     Arena()->SetChanged();
-    CalcOperand();
+    ForgetValue();
 }
 
 bool CExpressionNode::IsNumber() {
@@ -89,7 +86,11 @@ bool CExpressionNode::IsNumber() {
 double CExpressionNode::CalcFrom(double left, double right) noexcept {
     switch (m_nNodeType) {
         case eNodeType_Operand:
-            return m_dValue;
+            if (m_isValueKnown)
+                return m_dValue;
+            m_dValue = OperandValue(Text());
+            m_isValueKnown = true;
+            break;
         case eNodeType_Bracket:
             m_dValue = left;
             break;
@@ -136,6 +137,7 @@ inline void CExpressionNode::CalcParsed() noexcept {
 
 /// Calculates the whole parse from its last branch to the root: children stand behind their parents.
 double CExpressionNode::Sweep() noexcept {
+    ReadOperands();
     if (NodeBlock* const branches = Arena()->Branches(); branches != nullptr) {
         CExpressionNode* const first = branches->Nodes();
         for (CExpressionNode* node = first + branches->used; node-- != first;)
@@ -145,9 +147,24 @@ double CExpressionNode::Sweep() noexcept {
     return m_dValue;
 }
 
+/// Calculates the operands whose text or sign has been set since the last sweep.
+void CExpressionNode::ReadOperands() noexcept {
+    NodeArena& arena = *Arena();
+    if (NodeBlock* const operands = arena.Operands(); arena.HasManyUnreadOperands() && operands != nullptr) {
+        for (std::uint32_t i = 0; i < operands->used; ++i)
+            operands->Nodes()[i].CalcFrom(0.0, 0.0);
+    } else if (CExpressionNode* const operand = arena.UnreadOperand(); operand != nullptr) {
+        if (operand->m_nNodeType == eNodeType_Operand)
+            operand->CalcFrom(0.0, 0.0);
+    }
+    arena.SetOperandsRead();
+}
+
 double CExpressionNode::CalcValue() {
-    if (m_isFolded)
+    if (m_isFolded) {
+        m_isCalculated = true;
         return m_dValue;
+    }
     return IsRoot() && Arena()->IsAsParsed() ? Sweep() : CalculateTree(*this);
 }
 

@@ -79,8 +79,6 @@ public:
     void AttachRight(CExpressionNode* node) noexcept { Attach(m_pRight, node); }
     void SetParsedOperation(Operation operation) noexcept { m_operation = operation; }
     void SetParsedBracket(std::int32_t type) noexcept { m_nBracketType = type; }
-    /// Reads the value of an operand from its text; of another node it does nothing.
-    void CalcOperand() noexcept;
     /// Makes the nodes below a folded root. Raises `std::bad_alloc`, the root being folded still.
     CExpressionNode& Unfolded() {
         if (m_isFolded)
@@ -113,6 +111,8 @@ private:
     bool IsRoot() noexcept { return this == Arena()->RootPlace(); }
     double Sweep() noexcept;
     void CalcParsed() noexcept;
+    void ReadOperands() noexcept;
+    void ForgetValue() noexcept;
     static double ParsedValue(const ChildLink& link) noexcept;
 
     void Attach(ChildLink& child, CExpressionNode* node) noexcept {
@@ -145,6 +145,8 @@ private:
     bool m_hasOwnText : 1 = false;
     bool m_isOnPath : 1 = false;
     bool m_isFolded : 1 = false;
+    bool m_isCalculated : 1 = false;  // of a folded root: somebody has seen the value
+    bool m_isValueKnown : 1 = false;  // of an operand: m_dValue is what a calculation would give
     bool m_isDeleted : 1 = false;
     bool m_isTakenApart : 1 = false;  // deleted, and its children dealt with
 };

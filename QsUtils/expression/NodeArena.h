@@ -71,6 +71,17 @@ public:
         if (IsAsParsed())
             m_isAsParsed.store(false, std::memory_order_relaxed);
     }
+    /// The operands to be read before the next sweep over nodes as they were parsed: one, or perhaps any.
+    CExpressionNode* UnreadOperand() const noexcept { return m_unreadOperand; }
+    bool HasManyUnreadOperands() const noexcept { return m_hasManyUnread; }
+    void NoteUnreadOperand(CExpressionNode* operand) noexcept {
+        m_hasManyUnread = m_hasManyUnread || (m_unreadOperand != nullptr && m_unreadOperand != operand);
+        m_unreadOperand = operand;
+    }
+    void SetOperandsRead() noexcept {
+        m_unreadOperand = nullptr;
+        m_hasManyUnread = false;
+    }
     /// Whether a node has a text of its own on the heap.
     bool HasOwnTexts() const noexcept { return m_hasOwnTexts.load(std::memory_order_relaxed); }
     void SetHasOwnTexts() noexcept {
@@ -89,6 +100,8 @@ private:
     char16_t* m_text = nullptr;
     std::size_t m_textLength = 0;
     NodeCounts m_counts;
+    CExpressionNode* m_unreadOperand = nullptr;
+    bool m_hasManyUnread = true;
     std::atomic<std::size_t> m_places{1};
     std::atomic<bool> m_isAsParsed{true};
     std::atomic<bool> m_hasOwnTexts{false};

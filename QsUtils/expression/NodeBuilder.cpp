@@ -52,7 +52,7 @@ NodeBuilder::Place NodeBuilder::AddBracket(Place place, std::int32_t bracket, bo
 
 void NodeBuilder::AddOperand(Place place, std::u16string_view text, bool negative) {
     const std::u16string_view kept(m_arena.Text() + (text.data() - m_parsedUnits), text.size());
-    Add(place, eNodeType_Operand, kept, negative)->CalcOperand();
+    Add(place, eNodeType_Operand, kept, negative);
 }
 
 /// Parses the formula again, this time for its nodes. Its text has been through a parse, so that it is taken
@@ -61,6 +61,7 @@ void CExpressionNode::Unfold() {
     NodeArena& arena = *Arena();
     const std::uint32_t holders = m_holders;
     const double value = m_dValue;
+    const bool isCalculated = m_isCalculated;
     FormulaText text({arena.Text(), arena.TextLength()});
     arena.AddBlocks();
     try {
@@ -68,11 +69,15 @@ void CExpressionNode::Unfold() {
         SplitParser<NodeBuilder>(text, builder).Parse({});
     } catch (...) {
         arena.DropBlocks();
-        (new (static_cast<void*>(this)) CExpressionNode(0, value))->m_holders = holders;
+        new (static_cast<void*>(this)) CExpressionNode(0, value);
+        m_holders = holders;
+        m_isCalculated = isCalculated;
         throw;
     }
     m_holders = holders;
     arena.Seal();
+    if (isCalculated)
+        Sweep();  // so that each node has the value of the last calculation
 }
 
 }  // namespace ExpressionAnalyse

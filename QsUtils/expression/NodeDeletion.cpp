@@ -18,6 +18,7 @@ private:
     void DropChild(ChildLink& child) noexcept;
     void LetGo(CExpressionNode& node) noexcept;
     static bool Keep(std::vector<CExpressionNode*>& nodes, CExpressionNode* node) noexcept;
+    void ReviewShared() noexcept;
     void CollectCircles() noexcept;
 
     CExpressionNode* m_marked = nullptr;
@@ -68,9 +69,16 @@ bool CExpressionNode::DeleteWholeParse() noexcept {
 
 void TreeDeletion::Run(CExpressionNode& root) noexcept {
     Mark(root);
-    TakeMarkedApart();
-    // What the tree shared with other trees, or with itself in a circle, has been held back. The first stays,
-    // the second goes: nothing outside of it leads there any more.
+    while (m_marked != nullptr || !m_shared.empty()) {
+        TakeMarkedApart();
+        ReviewShared();
+        CollectCircles();
+    }
+}
+
+/// What the tree shared with other trees, or with itself in a circle, has been held back. The first stays,
+/// the second goes: nothing outside of it leads there any more.
+void TreeDeletion::ReviewShared() noexcept {
     while (!m_shared.empty()) {
         CExpressionNode* const node = m_shared.back();
         m_shared.pop_back();
@@ -79,8 +87,6 @@ void TreeDeletion::Run(CExpressionNode& root) noexcept {
         LetGo(*node);
         TakeMarkedApart();
     }
-    if (!m_survivors.empty())
-        CollectCircles();
 }
 
 void TreeDeletion::Mark(CExpressionNode& node) noexcept {
@@ -134,6 +140,8 @@ bool TreeDeletion::Keep(std::vector<CExpressionNode*>& nodes, CExpressionNode* n
 
 /// Deletes those survivors, and what hangs below them, that hold each other and that nobody else holds.
 void TreeDeletion::CollectCircles() noexcept {
+    if (m_survivors.empty())
+        return;
     try {
         std::unordered_map<CExpressionNode*, std::uint32_t> inner;  // holds from within, by node
         std::vector<CExpressionNode*> pending;
@@ -170,7 +178,7 @@ void TreeDeletion::CollectCircles() noexcept {
     }
     for (CExpressionNode* node : m_survivors)
         LetGo(*node);
-    TakeMarkedApart();
+    m_survivors.clear();
 }
 
 }  // namespace ExpressionAnalyse

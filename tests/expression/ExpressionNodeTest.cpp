@@ -155,6 +155,45 @@ TEST(ExpressionNode, TextsAndTypesSetByHand) {
     EXPECT_EQ(root->GetLeftNode()->GetNodeText(), u"6");
 }
 
+TEST(ExpressionNode, ValuesAreThoseOfTheLastCalculation) {
+    const auto unseen = Parse(u"6+3");
+    unseen->SetNodeText(u"odd");
+    EXPECT_EQ(unseen->CalcValue(), 0.0);
+    const auto seen = Parse(u"6+(3+3)");
+    EXPECT_EQ(seen->CalcValue(), 12.0);
+    IExpressionNode* group = seen->GetRightNode();
+    group->SetNodeType(eNodeType_Operator);
+    EXPECT_EQ(seen->CalcValue(), 12.0);
+    // An operand's text counts from the next calculation on.
+    IExpressionNode* operand = seen->GetLeftNode();
+    operand->SetLeafText(u"100");
+    operand->SetNodeType(eNodeType_Function);
+    EXPECT_EQ(seen->CalcValue(), 12.0);
+    operand->SetNodeType(eNodeType_Operand);
+    EXPECT_EQ(seen->CalcValue(), 106.0);
+}
+
+TEST(ExpressionNode, SeveralOperandsAreReboundBetweenCalculations) {
+    const auto root = Parse(u"x+y*z+w");
+    IExpressionNode* x = root->GetLeftNode();
+    IExpressionNode* y = root->GetRightNode()->GetLeftNode()->GetLeftNode();
+    x->SetLeafText(u"1");
+    y->SetLeafText(u"5");
+    root->GetRightNode()->GetLeftNode()->GetRightNode()->SetLeafText(u"3");
+    EXPECT_EQ(root->CalcValue(), 16.0);
+    x->SetLeafText(u"2");
+    x->SetNegative(true);
+    EXPECT_EQ(root->CalcValue(), 13.0);
+    y->SetLeafText(u"1");
+    x->SetLeafText(u"3");
+    EXPECT_EQ(root->CalcValue(), 0.0);
+    const auto alone = Parse(u"x");
+    alone->SetLeafText(u"8");
+    EXPECT_EQ(alone->CalcValue(), 8.0);
+    alone->SetLeafText(u"9");
+    EXPECT_EQ(alone->CalcValue(), 9.0);
+}
+
 TEST(ExpressionNode, ExclusiveOrTruncatesToInts) {
     const auto value = [](const CString& left, const CString& right) {
         const auto root = Parse(u"1+1");
@@ -191,6 +230,7 @@ TEST(ExpressionNode, ToStringPrintsGroupsBehindTheirContent) {
 TEST(ExpressionNode, ChildrenOfOperandsAreCalculatedToo) {
     const auto root = Parse(u"5");
     const auto child = Parse(u"6+3");
+    EXPECT_EQ(child->CalcValue(), 9.0);
     child->SetNodeText(u"odd");
     child->SetNegative(true);
     root->SetLeftNode(child.get());
