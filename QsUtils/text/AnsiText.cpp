@@ -3,18 +3,15 @@
 
 #include "QsUtils/platform/CodePage.h"
 #include "QsUtils/text/Segments.h"
-#include "QsUtils/text/WideText.h"
 
 namespace QsText {
 
 std::wstring AnsiToUnicode(const std::string& text) {
-    const std::string_view narrow(text.c_str());
-    return Utf16ToWide(QsPlatform::DecodeAnsi(narrow));
+    return QsPlatform::DecodeAnsiToWide(text.c_str());
 }
 
 std::string UnicodeToAnsi(const std::wstring& text) {
-    const std::wstring_view wide(text.c_str());
-    return QsPlatform::EncodeAnsi(WideToUtf16(wide));
+    return QsPlatform::EncodeAnsi(std::wstring_view(text.c_str()));
 }
 
 int GetCharCount(const CString& text) {

@@ -38,6 +38,15 @@ public:
     void CutTo(std::size_t length) noexcept { m_length = length; }
     std::u16string_view View() const noexcept { return {m_units.data(), m_length}; }
 
+    /// Makes every "一十" a "十".
+    void ShortenTens() noexcept {
+        std::size_t kept = 0;
+        for (std::size_t i = 0; i < m_length; ++i)
+            if (m_units[i] != u'一' || i + 1 == m_length || m_units[i + 1] != u'十')
+                m_units[kept++] = m_units[i];
+        m_length = kept;
+    }
+
 private:
     // The sign, at most three units a place, the currency and the fraction.
     std::array<char16_t, 1 + 3 * MostPlaces + 5> m_units;
@@ -161,11 +170,10 @@ CString TransIntToUpper(int value) {
     }
     if (numeral.Length() == 0)
         numeral.Add(PlainDigits[0]);
-    CString text(numeral.View());
     // A text that begins with "一十" loses every "一" before a "十", not only the first.
     if (numeral.View().starts_with(u"一十"))
-        text.Replace(u"一十", u"十");
-    return text;
+        numeral.ShortenTens();
+    return CString(numeral.View());
 }
 
 }  // namespace QsText

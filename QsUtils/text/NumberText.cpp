@@ -33,18 +33,16 @@ bool AreAllDigits(std::u16string_view text) {
     return !text.empty() && CountDigits(text) == text.size();
 }
 
-}  // namespace
-
-bool ParseToInteger(const CString& text, int& value) {
-    const std::u16string_view number = Trimmed(text.View());
+bool ParseAnyInteger(std::u16string_view text, int& value) {
+    const std::u16string_view number = Trimmed(text);
     if (!AreAllDigits(WithoutSign(number)))
         return false;
     value = ReadInt(number);
     return true;
 }
 
-bool ParseToDouble(const CString& text, double& value) {
-    const std::u16string_view number = Trimmed(text.View());
+bool ParseAnyDouble(std::u16string_view text, double& value) {
+    const std::u16string_view number = Trimmed(text);
     const std::u16string_view digits = WithoutSign(number);
     const std::size_t whole = CountDigits(digits);
     if (whole == 0)
@@ -52,6 +50,42 @@ bool ParseToDouble(const CString& text, double& value) {
     if (whole < digits.size() && (digits[whole] != u'.' || !AreAllDigits(digits.substr(whole + 1))))
         return false;
     value = ReadDouble(number);
+    return true;
+}
+
+}  // namespace
+
+bool ParseToInteger(const CString& text, int& value) {
+    // Nearly every text is a short number without anything around it.
+    const std::u16string_view units = text.View();
+    const char16_t* it = units.data();
+    const char16_t* const end = it + units.size();
+    const bool negative = it != end && *it == u'-';
+    it += negative ? 1 : 0;
+    constexpr std::ptrdiff_t SafeDigits = 9;
+    if (it == end || end - it > SafeDigits)
+        return ParseAnyInteger(units, value);
+    int number = 0;
+    for (; it != end; ++it) {
+        const unsigned digit = static_cast<unsigned>(*it) - u'0';
+        if (digit > 9)
+            return ParseAnyInteger(units, value);
+        number = number * 10 + static_cast<int>(digit);
+    }
+    value = negative ? -number : number;
+    return true;
+}
+
+bool ParseToDouble(const CString& text, double& value) {
+    const std::u16string_view units = text.View();
+    const char16_t* it = units.data();
+    const char16_t* const end = it + units.size();
+    const bool negative = it != end && *it == u'-';
+    it += negative ? 1 : 0;
+    double number = 0;
+    if (it == end || !IsDigit(*it) || !ReadShortDecimal(it, end, number) || it != end || !IsDigit(end[-1]))
+        return ParseAnyDouble(units, value);
+    value = negative ? -number : number;
     return true;
 }
 

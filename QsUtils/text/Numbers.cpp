@@ -26,12 +26,6 @@ SignedRest SkipSpaceAndSign(std::u16string_view text) noexcept {
     return {{it, static_cast<std::size_t>(end - it)}, negative};
 }
 
-/// The largest powers of ten that a double holds exactly.
-constexpr std::array<double, 23> ExactPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                                1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr std::uint64_t LargestExactInteger = std::uint64_t{1} << 53;
-
 /// Beyond any exponent that a text of addressable length could balance with its digits.
 constexpr std::int64_t ExponentLimit = std::int64_t{1} << 60;
 
@@ -107,33 +101,6 @@ double ReadLongDouble(std::u16string_view text) noexcept {
     return digits.Value(scale + ReadExponent(text.substr(i)));
 }
 
-/// A number of up to 19 digits whose value one exact operation gives (Clinger, "How to read floating point
-/// numbers accurately", 1990); all others take the long way.
-double ReadUnsignedDouble(std::u16string_view text) noexcept {
-    const char16_t* it = text.data();
-    const char16_t* const end = it + text.size();
-    std::uint64_t number = 0;
-    const char16_t* const first = it;
-    for (; it != end && IsDigit(*it); ++it)
-        number = number * 10 + static_cast<std::uint64_t>(*it - u'0');
-    std::ptrdiff_t count = it - first;
-    std::ptrdiff_t decimals = 0;
-    if (it != end && *it == u'.') {
-        const char16_t* const point = it++;
-        for (; it != end && IsDigit(*it); ++it)
-            number = number * 10 + static_cast<std::uint64_t>(*it - u'0');
-        decimals = it - point - 1;
-        count += decimals;
-    }
-    if (count == 0)
-        return 0.0;
-    const bool exponent = it != end && (*it == u'e' || *it == u'E');
-    if (exponent || count > 19 || number > LargestExactInteger)
-        return ReadLongDouble(text);
-    return decimals == 0 ? static_cast<double>(number)
-                         : static_cast<double>(number) / ExactPowers[static_cast<std::size_t>(decimals)];
-}
-
 bool BeginsNumber(std::u16string_view text) noexcept {
     if (!text.empty() && text[0] == u'.')
         text.remove_prefix(1);
@@ -158,11 +125,13 @@ int ReadInt(std::u16string_view text) noexcept {
     return static_cast<int>(negative ? -number : number);
 }
 
-double ReadDouble(std::u16string_view text) noexcept {
+double ReadAnyDouble(std::u16string_view text) noexcept {
     const auto [digits, negative] = SkipSpaceAndSign(text);
-    const double value = ReadUnsignedDouble(digits);
     // A sign without a number is no negative zero.
-    return negative && BeginsNumber(digits) ? -value : value;
+    if (!BeginsNumber(digits))
+        return 0.0;
+    const double value = ReadLongDouble(digits);
+    return negative ? -value : value;
 }
 
 }  // namespace QsText
