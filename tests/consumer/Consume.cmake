@@ -30,3 +30,6 @@ else()
     run(${COMPILER} ${SOURCE}/main.cpp -o ${consumer} ${flags} -Wl,-rpath,${tree}/${LIBDIR})
 endif()
 run(${consumer})
+
+# The installed host finds the module without help.
+run(${tree}/bin/estimate --help)
