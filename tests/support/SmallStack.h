@@ -1,0 +1,26 @@
+// Runs a piece of a test on a thread with little stack, where a recursion over the input would show.
+#pragma once
+
+#include <pthread.h>
+
+#include <cstddef>
+#include <functional>
+
+/// Runs `work` to its end on a thread with `bytes` of stack; under a sanitizer, whose frames are larger, with
+/// four times that.
+inline void RunOnSmallStack(std::size_t bytes, std::function<void()> work) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    bytes *= 4;
+#endif
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    pthread_attr_setstacksize(&attributes, bytes);
+    pthread_t thread;
+    const auto run = [](void* argument) -> void* {
+        (*static_cast<std::function<void()>*>(argument))();
+        return nullptr;
+    };
+    if (pthread_create(&thread, &attributes, run, &work) == 0)
+        pthread_join(thread, nullptr);
+    pthread_attr_destroy(&attributes);
+}
