@@ -171,10 +171,25 @@ BENCHMARK(NumeralIcu)->Name("Text/TransIntToUpper/icu");
 
 // --- Code page
 
-const std::wstring WideName = L"现浇C30混凝土矩形柱KZ1-6x600";
+// Names of twenty characters, hanzi and ASCII mixed as in a bill.
+const std::wstring WideNames[] = {
+    L"现浇C30混凝土矩形柱KZ1-6x600",       L"M7.5水泥砂浆砌筑实心砖墙240mm厚",
+    L"钢筋HRB400Φ12~Φ16制作安装t",         L"20mm厚1:2.5水泥砂浆楼地面找平层",
+    L"SBS改性沥青防水卷材3mm+4mm双层",     L"塑钢推拉窗TC1518含5+9A+5玻璃",
+    L"挖一般土方(三类土)深度2m以内外运5t", L"C15商品混凝土基础垫层100mm厚内外",
+};
+constexpr std::size_t NameCount = std::size(WideNames);
+
+std::vector<std::string> NarrowNames() {
+    std::vector<std::string> names;
+    for (const std::wstring& name : WideNames)
+        names.push_back(IQsUtils::UnicodeToAnsi(name));
+    return names;
+}
 
 void EncodeOurs(benchmark::State& state) {
-    RunAll(state, 1, [](std::size_t) { benchmark::DoNotOptimize(IQsUtils::UnicodeToAnsi(WideName)); });
+    RunAll(state, NameCount,
+           [](std::size_t i) { benchmark::DoNotOptimize(IQsUtils::UnicodeToAnsi(WideNames[i])); });
 }
 BENCHMARK(EncodeOurs)->Name("CodePage/UnicodeToAnsi/ours");
 
@@ -197,20 +212,23 @@ struct Converter {
 
 void EncodeIconv(benchmark::State& state) {
     Converter converter("GBK", "WCHAR_T");
-    RunAll(state, 1, [&](std::size_t) { benchmark::DoNotOptimize(converter.Run<std::string>(WideName)); });
+    RunAll(state, NameCount,
+           [&](std::size_t i) { benchmark::DoNotOptimize(converter.Run<std::string>(WideNames[i])); });
 }
 BENCHMARK(EncodeIconv)->Name("CodePage/UnicodeToAnsi/iconv");
 
 void DecodeOurs(benchmark::State& state) {
-    const std::string narrow = IQsUtils::UnicodeToAnsi(WideName);
-    RunAll(state, 1, [&](std::size_t) { benchmark::DoNotOptimize(IQsUtils::AnsiToUnicode(narrow)); });
+    const std::vector<std::string> narrow = NarrowNames();
+    RunAll(state, NameCount,
+           [&](std::size_t i) { benchmark::DoNotOptimize(IQsUtils::AnsiToUnicode(narrow[i])); });
 }
 BENCHMARK(DecodeOurs)->Name("CodePage/AnsiToUnicode/ours");
 
 void DecodeIconv(benchmark::State& state) {
     Converter converter("WCHAR_T", "GBK");
-    const std::string narrow = IQsUtils::UnicodeToAnsi(WideName);
-    RunAll(state, 1, [&](std::size_t) { benchmark::DoNotOptimize(converter.Run<std::wstring>(narrow)); });
+    const std::vector<std::string> narrow = NarrowNames();
+    RunAll(state, NameCount,
+           [&](std::size_t i) { benchmark::DoNotOptimize(converter.Run<std::wstring>(narrow[i])); });
 }
 BENCHMARK(DecodeIconv)->Name("CodePage/AnsiToUnicode/iconv");
 

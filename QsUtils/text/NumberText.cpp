@@ -66,12 +66,14 @@ bool ParseToInteger(const CString& text, int& value) {
     if (it == end || end - it > SafeDigits)
         return ParseAnyInteger(units, value);
     int number = 0;
+    int signs = 0;  // negative as soon as a unit was below "0" or above "9": no branch in the loop
     for (; it != end; ++it) {
-        const unsigned digit = static_cast<unsigned>(*it) - u'0';
-        if (digit > 9)
-            return ParseAnyInteger(units, value);
-        number = number * 10 + static_cast<int>(digit);
+        const int digit = *it - u'0';
+        signs |= digit | (9 - digit);
+        number = static_cast<int>(static_cast<unsigned>(number) * 10 + static_cast<unsigned>(digit));
     }
+    if (signs < 0)
+        return ParseAnyInteger(units, value);
     value = negative ? -number : number;
     return true;
 }
