@@ -276,10 +276,7 @@ std::string ReadBill(std::istream& in, const Variables& variables, Bill& bill, P
     if (!text.refusal.empty())
         return text.refusal;
     Builder builder(variables, bill, problems);
-    const auto take = [&](const CsvRow& row) {
-        builder.Take(row);
-        return true;
-    };
+    const auto take = [&](const CsvRow& row) { builder.Take(row); };
     const CsvBreak end = ReadCsv(in, text.encoding, take, progress);
     if (!builder.Table().IsKnown())
         return end.reason.empty() ? "no row names the columns: " + builder.Table().Missing() : end.reason;

@@ -23,15 +23,13 @@ public:
     Reader& operator=(const Reader&) = delete;
     ~Reader() { csv_free(&m_parser); }
 
-    /// False when the handler wants no more.
-    bool Feed(std::string_view bytes) {
-        while (!bytes.empty() && !m_stopped) {
+    void Feed(std::string_view bytes) {
+        while (!bytes.empty()) {
             const std::size_t end = bytes.find_first_of("\r\n");
             const std::size_t length = end == std::string_view::npos ? bytes.size() : end + 1;
             FeedLine(bytes.substr(0, length));
             bytes.remove_prefix(length);
         }
-        return !m_stopped;
     }
 
     std::size_t RowLine() const noexcept { return m_rowLine; }
@@ -61,7 +59,7 @@ private:
     // An exception must not pass through the C parser, so it waits here until the parser has returned.
     template <typename Action>
     void Guarded(const Action& action) noexcept {
-        if (m_stopped || m_failure)
+        if (m_failure)
             return;
         try {
             action();
@@ -95,7 +93,7 @@ private:
         const CsvRow row{m_rowLine, {m_fields.data(), m_count}};
         m_rowLine = m_line + 1;
         if (!IsBlank())
-            m_stopped = !m_handler(row);
+            m_handler(row);
         m_count = 0;
     }
 
@@ -117,7 +115,6 @@ private:
     std::size_t m_rowLine = 1;
     bool m_lineEnded = false;
     bool m_endedByReturn = false;
-    bool m_stopped = false;
     std::exception_ptr m_failure;
 };
 
@@ -130,8 +127,7 @@ CsvBreak ReadCsv(std::istream& in, Encoding encoding, const RowHandler& handler,
     std::uint64_t bytes = 0;
     while (in.read(piece.data(), static_cast<std::streamsize>(piece.size())), in.gcount() > 0) {
         const auto count = static_cast<std::size_t>(in.gcount());
-        if (!reader.Feed({piece.data(), count}))
-            return {};
+        reader.Feed({piece.data(), count});
         bytes += count;
         if (progress)
             progress(bytes);

@@ -16,8 +16,7 @@ struct CsvRow {
     std::span<const std::string> fields;  ///< in UTF-8; valid during the call
 };
 
-/// Takes a row; false ends the reading.
-using RowHandler = std::function<bool(const CsvRow&)>;
+using RowHandler = std::function<void(const CsvRow&)>;
 /// Told how many bytes have been read, now and then.
 using ByteProgress = std::function<void(std::uint64_t)>;
 

@@ -32,11 +32,4 @@ void Progress::Show(std::uint64_t bytes) {
           << std::flush;
 }
 
-void Progress::Say(const char* activity) {
-    if (!m_enabled)
-        return;
-    m_drawn = true;
-    m_out << WipeLine << activity << " ..." << std::flush;
-}
-
 }  // namespace Estimate

@@ -16,8 +16,6 @@ public:
     ~Progress();
 
     void Show(std::uint64_t bytes);
-    /// A word for what goes on behind the reading.
-    void Say(const char* activity);
 
 private:
     std::ostream& m_out;

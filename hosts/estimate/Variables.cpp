@@ -72,7 +72,7 @@ std::string ReadVariables(std::istream& in, Variables& variables, Problems& prob
     const auto take = [&](const CsvRow& row) {
         if (!columns.IsKnown()) {
             columns.TryHeadings(row);
-            return true;
+            return;
         }
         const CString name = FromUtf8(columns.Field(row, Name));
         const CString value = FromUtf8(columns.Field(row, Value));
@@ -83,7 +83,6 @@ std::string ReadVariables(std::istream& in, Variables& variables, Problems& prob
                                       columns.Title(column), std::move(reason)});
             ++problems.badRows;
         }
-        return true;
     };
     const CsvBreak end = ReadCsv(in, text.encoding, take);
     if (!end.reason.empty()) {

@@ -110,10 +110,8 @@ TEST(Report, JsonOfAnEmptyBillIsValid) {
 TEST(Report, CsvReadsBack) {
     std::istringstream in(Written(WriteCsv, Sample()));
     std::vector<std::vector<std::string>> rows;
-    ReadCsv(in, Encoding::Utf8, [&](const CsvRow& row) {
-        rows.emplace_back(row.fields.begin(), row.fields.end());
-        return true;
-    });
+    ReadCsv(in, Encoding::Utf8,
+            [&](const CsvRow& row) { rows.emplace_back(row.fields.begin(), row.fields.end()); });
     ASSERT_EQ(rows.size(), 17u);
     for (const auto& row : rows)
         EXPECT_EQ(row.size(), 10u);

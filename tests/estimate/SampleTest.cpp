@@ -17,7 +17,6 @@ std::vector<Row> RowsOf(const std::string& csv) {
     std::vector<Row> rows;
     Estimate::ReadCsv(in, Estimate::Encoding::Utf8, [&](const Estimate::CsvRow& row) {
         rows.emplace_back(row.fields.begin(), row.fields.end());
-        return true;
     });
     return rows;
 }
