@@ -33,10 +33,10 @@ public:
     const T* Data() const noexcept { return m_data; }
 
 private:
+    std::array<T, Inline> m_inline;
     T* m_allocated = nullptr;
     std::size_t m_bytes = 0;
     T* m_data = m_inline.data();
-    std::array<T, Inline> m_inline;
 };
 
 }  // namespace ExpressionAnalyse

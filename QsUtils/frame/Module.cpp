@@ -5,10 +5,9 @@
 #include "QsUtils/frame/IQsUtils.h"
 #include "QsUtils/frame/LazyService.h"
 #include "QsUtils/frame/Services.h"
-#include "QsUtils/platform/Process.h"
 #include "QsUtils/xml/XmlPlatform.h"
 
-constinit CString IQsUtils::m_strSoftVersion;
+CString IQsUtils::m_strSoftVersion;
 
 namespace {
 
@@ -18,13 +17,11 @@ constinit QsFrame::ServiceHolder<COprateString> theFormulaVariables;
 // Ended by the end sequence, not by their own destructors.
 constinit QsFrame::LazyService<ExpressionAnalyse::CExpressionAnalyse> theExpressionAnalyser;
 
-// The last static object: when it is made, all others stand, and the end that it registers comes before
-// their destruction.
+// The last static object: when it is made, all others stand, and it is destroyed before any of them, on unloading
+// and at the end of the program alike.
 const struct ModuleStart {
-    ModuleStart() {
-        QsPlatform::CallAtModuleEnd([] { theApp.ExitInstance(); });
-        theApp.InitInstance();
-    }
+    ModuleStart() { theApp.InitInstance(); }
+    ~ModuleStart() { theApp.ExitInstance(); }
 } theStart;
 
 }  // namespace
