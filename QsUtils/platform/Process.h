@@ -19,9 +19,4 @@ std::uint32_t TickCount() noexcept;
 /// call returns at once. Never throws.
 void ShowMessage(const CString& text) noexcept;
 
-/// Has `step` called once when the module leaves the process, by unloading or by the end of the program:
-/// before any static object of the module is destroyed. To be called while the module loads, when all its
-/// static objects stand.
-void CallAtModuleEnd(void (*step)()) noexcept;
-
 }  // namespace QsPlatform

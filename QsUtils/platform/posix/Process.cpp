@@ -1,7 +1,6 @@
 #include "QsUtils/platform/Process.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <string>
@@ -46,12 +45,6 @@ void ShowMessage(const CString& text) noexcept {
     } catch (const std::exception&) {
         static_cast<void>(std::fputs("QsUtils: out of memory\n", stderr));
     }
-}
-
-void CallAtModuleEnd(void (*step)()) noexcept {
-    // Registered from within a shared object, the step is bound to that object and runs when it is unloaded.
-    if (std::atexit(step) != 0)
-        std::abort();
 }
 
 }  // namespace QsPlatform
