@@ -115,7 +115,8 @@ TEST_F(LazyServiceTest, AConstructorThatThrowsIsTriedAgain) {
     QsFrame::ServiceHolder<Failing> service;
     EXPECT_THROW(service.Get(), std::runtime_error);
     EXPECT_EQ(service.Peek(), nullptr);
-    EXPECT_EQ(&service.Get(), service.Peek());
+    const Failing& object = service.Get();
+    EXPECT_EQ(service.Peek(), &object);
 }
 
 }  // namespace
