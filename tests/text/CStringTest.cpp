@@ -95,6 +95,19 @@ TEST(CString, RepeatsACharacter) {
     EXPECT_EQ(CString(u'\0', 2).GetLength(), 2);
 }
 
+// A single narrow character is a byte of the ANSI code page; 0x80 is the euro sign, a lead byte alone is none.
+TEST(CString, TakesNarrowCharactersOfTheCodePage) {
+    EXPECT_EQ(CString('\x80'), u"€");
+    EXPECT_EQ(CString('\x80', 2), u"€€");
+    EXPECT_EQ(CString('\xD7'), u"?");
+    EXPECT_EQ(CString(u"a€b€").Find('\x80'), 1);
+    EXPECT_EQ(CString(u"a€b€").ReverseFind('\x80'), 3);
+    EXPECT_EQ(CString(u"a€b€").Remove('\x80'), 2);
+    CString text;
+    text.Format(u"%c", '\x80');
+    EXPECT_EQ(text, u"€");
+}
+
 TEST(CString, TakesWideCharactersBothWays) {
     const std::wstring wide = L"a\U0001F3E0b\U0010FFFF";
     const CString text(wide);
