@@ -95,7 +95,8 @@ TEST(CString, RepeatsACharacter) {
     EXPECT_EQ(CString(u'\0', 2).GetLength(), 2);
 }
 
-// A single narrow character is a byte of the ANSI code page; 0x80 is the euro sign, a lead byte alone is none.
+// A single narrow character is a byte of the ANSI code page; 0x80 is the euro sign, a lead byte alone is
+// none.
 TEST(CString, TakesNarrowCharactersOfTheCodePage) {
     EXPECT_EQ(CString('\x80'), u"€");
     EXPECT_EQ(CString('\x80', 2), u"€€");

@@ -36,8 +36,8 @@ TEST(ReadInt, ReadsTheNumberThatATextBeginsWith) {
 }
 
 TEST(ReadInt, IsZeroWhereNoNumberBegins) {
-    for (const char16_t* text : {u"abc", u"-", u"+", u"+-1", u"--1", u"- 1", u"２", u"\uFEFF1",
-                                 u"\u200B1", u"\u00851", u"٣٤", u".5", u"一"})
+    for (const char16_t* text : {u"abc", u"-", u"+", u"+-1", u"--1", u"- 1", u"２", u"\uFEFF1", u"\u200B1",
+                                 u"\u00851", u"٣٤", u".5", u"一"})
         EXPECT_EQ(ReadInt(text), 0) << CString(text);
 }
 
