@@ -1,13 +1,14 @@
 // Parsing and calculating quantity formulas, beside muParser and beside a plain transcription of the rules.
-#include <benchmark/benchmark.h>
-#include <muParser.h>
-
 #include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include <benchmark/benchmark.h>
+#include <muParser.h>
+
 #include "QsUtils/QsUtils.h"
+
 #include "tests/expression/PlainAnalyser.h"
 
 namespace {
@@ -98,8 +99,8 @@ IExpressionNode* FindVariable(IExpressionNode* root) {
 void RebindOurs(benchmark::State& state) {
     const auto root = Parse(CString(BoundFormula));
     IExpressionNode* const variable = FindVariable(root.get());
-    const std::vector<CString> values = {CString(BoundValues[0]), CString(BoundValues[1]), CString(BoundValues[2]),
-                                         CString(BoundValues[3])};
+    const std::vector<CString> values = {CString(BoundValues[0]), CString(BoundValues[1]),
+                                         CString(BoundValues[2]), CString(BoundValues[3])};
     for (auto _ : state) {
         for (const CString& value : values) {
             variable->SetLeafText(value);
@@ -175,8 +176,8 @@ void Terms(benchmark::State& state, Make make) {
     for (auto _ : state)
         benchmark::DoNotOptimize(Parse(formula)->CalcValue());
     state.counters["per_term"] =
-        benchmark::Counter(static_cast<double>(terms), benchmark::Counter::kIsIterationInvariantRate |
-                                                           benchmark::Counter::kInvert);
+        benchmark::Counter(static_cast<double>(terms),
+                           benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 BENCHMARK_CAPTURE(Terms, sum, Sum)->Name("Expression/Sum")->Arg(10000)->Arg(1000000);
 BENCHMARK_CAPTURE(Terms, product, Product)->Name("Expression/Product")->Arg(10000)->Arg(1000000);

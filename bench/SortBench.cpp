@@ -1,14 +1,15 @@
 // The sorts of item codes, beside the plain partition sort and beside ICU's numeric collation.
-#include <benchmark/benchmark.h>
-#include <unicode/coll.h>
-#include <unicode/unistr.h>
-
 #include <algorithm>
 #include <memory>
 #include <random>
 #include <vector>
 
+#include <benchmark/benchmark.h>
+#include <unicode/coll.h>
+#include <unicode/unistr.h>
+
 #include "QsUtils/QsUtils.h"
+
 #include "tests/codes/PlainCodes.h"
 
 namespace {
@@ -34,7 +35,8 @@ CString QuotaCode(std::mt19937& random) {
 
 CString BillCode(std::mt19937& random) {
     CString code;
-    code.Format(u"%04u%02u%03u%03u", 101 + random() % 15, 1 + random() % 20, 1 + random() % 60, 1 + random() % 500);
+    code.Format(u"%04u%02u%03u%03u", 101 + random() % 15, 1 + random() % 20, 1 + random() % 60,
+                1 + random() % 500);
     return code;
 }
 
@@ -60,19 +62,33 @@ void SortWithIcu(Items& items) {
     const std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(icu::Locale("zh"), status));
     collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
     std::sort(items.begin(), items.end(), [&](const auto& a, const auto& b) {
-        return collator->compare(a.first.GetString(), a.first.GetLength(), b.first.GetString(), b.first.GetLength(),
-                                 status) < 0;
+        return collator->compare(a.first.GetString(), a.first.GetLength(), b.first.GetString(),
+                                 b.first.GetLength(), status) < 0;
     });
 }
 
-BENCHMARK_CAPTURE(Run, de, QuotaCode, IQsUtils::SortDeItemCodes)->Name("Sort/De/ours")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Run, dePlain, QuotaCode, PlainCodes::SortDe)->Name("Sort/De/plain")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Run, de, QuotaCode, IQsUtils::SortDeItemCodes)
+    ->Name("Sort/De/ours")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Run, dePlain, QuotaCode, PlainCodes::SortDe)
+    ->Name("Sort/De/plain")
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Run, deIcu, QuotaCode, SortWithIcu)->Name("Sort/De/icu")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Run, qd, BillCode, IQsUtils::SortQdItemCodes)->Name("Sort/Qd/ours")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Run, qdPlain, BillCode, PlainCodes::SortQd)->Name("Sort/Qd/plain")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Run, qd, BillCode, IQsUtils::SortQdItemCodes)
+    ->Name("Sort/Qd/ours")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Run, qdPlain, BillCode, PlainCodes::SortQd)
+    ->Name("Sort/Qd/plain")
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Run, qdIcu, BillCode, SortWithIcu)->Name("Sort/Qd/icu")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Run, items, ItemCode, IQsUtils::SortItemCodes)->Name("Sort/Items/ours")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Run, itemsPlain, ItemCode, PlainCodes::SortItems)->Name("Sort/Items/plain")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Run, itemsIcu, ItemCode, SortWithIcu)->Name("Sort/Items/icu")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Run, items, ItemCode, IQsUtils::SortItemCodes)
+    ->Name("Sort/Items/ours")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Run, itemsPlain, ItemCode, PlainCodes::SortItems)
+    ->Name("Sort/Items/plain")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Run, itemsIcu, ItemCode, SortWithIcu)
+    ->Name("Sort/Items/icu")
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

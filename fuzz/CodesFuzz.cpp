@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "QsUtils/QsUtils.h"
+
 #include "fuzz/FuzzText.h"
 #include "tests/codes/PlainCodes.h"
 
@@ -13,7 +14,8 @@ void Require(bool holds) {
         std::abort();
 }
 
-void RequireSameSort(const PlainCodes::Items& items, void (*ours)(PlainCodes::Items&), void (*plain)(PlainCodes::Items&)) {
+void RequireSameSort(const PlainCodes::Items& items, void (*ours)(PlainCodes::Items&),
+                     void (*plain)(PlainCodes::Items&)) {
     PlainCodes::Items sorted = items;
     PlainCodes::Items expected = items;
     ours(sorted);

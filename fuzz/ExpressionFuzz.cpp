@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "QsUtils/expression/CExpressionAnalyse.h"
+
 #include "fuzz/FuzzText.h"
 #include "tests/expression/PlainAnalyser.h"
 
@@ -28,15 +29,16 @@ void RequireSame(IExpressionNode* node, const PlainAnalyser::Node* plain) {
 }
 
 void RequireSameValue(double a, double b) {
-    Require(std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) || (std::isnan(a) && std::isnan(b)));
+    Require(std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) ||
+            (std::isnan(a) && std::isnan(b)));
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::size_t MostUnits = 600;  // the plain rules recurse
-    const std::u16string formula =
-        TextFromBytes(data, std::min(size, MostUnits), u"12.+-*/^()[]{} x%\u2030\u00d7\u00f7sincotaqrexplfbSN");
+    const std::u16string formula = TextFromBytes(data, std::min(size, MostUnits),
+                                                 u"12.+-*/^()[]{} x%\u2030\u00d7\u00f7sincotaqrexplfbSN");
     ExpressionAnalyse::CExpressionAnalyse analyser;
     std::int32_t error = -1;
     int plainError = -1;

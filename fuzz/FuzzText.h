@@ -8,7 +8,8 @@
 
 /// A text whose units are mostly those of `alphabet`, so that the fuzzer meets the interesting ones, and now
 /// and then any other.
-inline std::u16string TextFromBytes(const std::uint8_t* data, std::size_t size, std::u16string_view alphabet) {
+inline std::u16string TextFromBytes(const std::uint8_t* data, std::size_t size,
+                                    std::u16string_view alphabet) {
     std::u16string text;
     for (std::size_t i = 0; i < size; ++i) {
         if (data[i] < alphabet.size()) {

@@ -2,6 +2,7 @@
 #include <cstdlib>
 
 #include "QsUtils/expression/COprateString.h"
+
 #include "fuzz/FuzzText.h"
 #include "tests/expression/PlainVariables.h"
 
@@ -23,7 +24,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const bool unique : {false, true}) {
         std::list<CString> ours{u"A"};
         std::list<CString> plain = ours;
-        Require(variables.FindVariable(text, ours, unique) == PlainVariables::FindVariable(text, plain, unique));
+        Require(variables.FindVariable(text, ours, unique) ==
+                PlainVariables::FindVariable(text, plain, unique));
         Require(ours == plain);
     }
     std::map<int, CString> ours;

@@ -7,8 +7,8 @@
 
 namespace QsCodes {
 
-/// Sorts `items[0, count)` by a partition around a copy of the middle item, and then both sides. `below(x, p)`
-/// and `above(x, p)` tell whether an item belongs before or behind the pivot; they need not be consistent
+/// Sorts `items[0, count)` by a partition around a copy of the middle item, and then both sides. `below(x,
+/// p)` and `above(x, p)` tell whether an item belongs before or behind the pivot; they need not be consistent
 /// with each other or transitive: the scans are bounded by the range, so the sort ends with any answers, and
 /// the permutation is a function of the answers alone. The sides are disjoint, so that their turn changes
 /// nothing; taking the smaller first bounds the pending ranges by the logarithm of `count`.

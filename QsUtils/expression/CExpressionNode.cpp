@@ -43,11 +43,11 @@ void CExpressionNode::AssignText(std::u16string_view text) {
     ForgetValue();
 }
 
-/// Has an operand read its text again when it is next calculated; until then the last value stands.
+/// Has the node calculated afresh the next time; until then the last value stands.
 void CExpressionNode::ForgetValue() noexcept {
     m_isValueKnown = false;
     if (NodeArena* const arena = Arena(); arena->IsAsParsed())
-        arena->NoteUnreadOperand(this);
+        arena->NoteStaleNode(this);
 }
 
 void CExpressionNode::FreeText() noexcept {
@@ -135,29 +135,31 @@ inline void CExpressionNode::CalcParsed() noexcept {
         m_dValue *= -1.0;
 }
 
-/// Calculates the whole parse from its last branch to the root: children stand behind their parents.
-double CExpressionNode::Sweep() noexcept {
-    ReadOperands();
-    if (NodeBlock* const branches = Arena()->Branches(); branches != nullptr) {
+/// Calculates the whole parse, the branches from the last to the root: children stand behind their parents.
+void CExpressionNode::CalcAllParsed() noexcept {
+    NodeArena& arena = *Arena();
+    if (NodeBlock* const operands = arena.Operands(); operands != nullptr) {
+        for (std::uint32_t i = 0; i < operands->used; ++i)
+            operands->Nodes()[i].CalcFrom(0.0, 0.0);
+    }
+    if (NodeBlock* const branches = arena.Branches(); branches != nullptr) {
         CExpressionNode* const first = branches->Nodes();
         for (CExpressionNode* node = first + branches->used; node-- != first;)
             node->CalcParsed();
     }
     CalcParsed();
-    return m_dValue;
 }
 
-/// Calculates the operands whose text or sign has been set since the last sweep.
-void CExpressionNode::ReadOperands() noexcept {
-    NodeArena& arena = *Arena();
-    if (NodeBlock* const operands = arena.Operands(); arena.HasManyUnreadOperands() && operands != nullptr) {
-        for (std::uint32_t i = 0; i < operands->used; ++i)
-            operands->Nodes()[i].CalcFrom(0.0, 0.0);
-    } else if (CExpressionNode* const operand = arena.UnreadOperand(); operand != nullptr) {
-        if (operand->m_nNodeType == eNodeType_Operand)
-            operand->CalcFrom(0.0, 0.0);
+/// Calculates one node afresh and then those above it; all others have the values that they would get.
+void CExpressionNode::CalcUpFrom(CExpressionNode* node) noexcept {
+    double value = node->CalcFrom(ParsedValue(node->m_pLeft), ParsedValue(node->m_pRight));
+    while (node != this) {
+        CExpressionNode* const parent = node->m_parent;
+        const bool isLeft = parent->m_pLeft.Parsed() == node;
+        const double other = ParsedValue(isLeft ? parent->m_pRight : parent->m_pLeft);
+        value = isLeft ? parent->CalcFrom(value, other) : parent->CalcFrom(other, value);
+        node = parent;
     }
-    arena.SetOperandsRead();
 }
 
 double CExpressionNode::CalcValue() {
@@ -165,7 +167,15 @@ double CExpressionNode::CalcValue() {
         m_isCalculated = true;
         return m_dValue;
     }
-    return IsRoot() && Arena()->IsAsParsed() ? Sweep() : CalculateTree(*this);
+    NodeArena& arena = *Arena();
+    if (!IsRoot() || !arena.IsAsParsed())
+        return CalculateTree(*this);
+    if (arena.HasManyStaleNodes())
+        CalcAllParsed();
+    else if (arena.StaleNode() != nullptr)
+        CalcUpFrom(arena.StaleNode());
+    arena.SetCalculated();
+    return m_dValue;
 }
 
 CString CExpressionNode::ToString() {

@@ -44,7 +44,8 @@ private:
 class CExpressionNode final : public IExpressionNode {
 public:
     /// The folded root of a formula.
-    CExpressionNode(std::uint32_t slot, double value) noexcept : m_dValue(value), m_slot(slot), m_isFolded(true) {}
+    CExpressionNode(std::uint32_t slot, double value) noexcept
+        : m_dValue(value), m_slot(slot), m_isFolded(true) {}
     /// A node without children and with a text that outlives it.
     CExpressionNode(std::uint32_t slot, std::int32_t type, std::u16string_view text, bool negative) noexcept
         : m_text(text.data()),
@@ -109,14 +110,15 @@ private:
 
     void Unfold();
     bool IsRoot() noexcept { return this == Arena()->RootPlace(); }
-    double Sweep() noexcept;
     void CalcParsed() noexcept;
-    void ReadOperands() noexcept;
+    void CalcAllParsed() noexcept;
+    void CalcUpFrom(CExpressionNode* node) noexcept;
     void ForgetValue() noexcept;
     static double ParsedValue(const ChildLink& link) noexcept;
 
     void Attach(ChildLink& child, CExpressionNode* node) noexcept {
         child = ChildLink(node);
+        node->m_parent = this;
         ++node->m_holders;
     }
     void SetChild(ChildLink& child, IExpressionNode* node) noexcept;
@@ -130,6 +132,7 @@ private:
 
     ChildLink m_pLeft;
     ChildLink m_pRight;
+    CExpressionNode* m_parent = nullptr;  // in the tree as it was parsed
     union {
         double m_dValue = 0.0;
         CExpressionNode* m_nextToDelete;  // of a node whose deletion has begun

@@ -113,8 +113,9 @@ public:
     void AtEnd(std::u16string& token, std::size_t) {
         // Here a repeated variable is left out whether asked for or not.
         const bool held = m_unique ? IsRepeated(token)
-                                   : std::any_of(m_out.begin(), m_out.end(),
-                                                 [&token](const CString& other) { return other.View() == token; });
+                                   : std::any_of(m_out.begin(), m_out.end(), [&token](const CString& other) {
+                                         return other.View() == token;
+                                     });
         if (!held)
             Add(token);
     }

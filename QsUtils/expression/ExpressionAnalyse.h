@@ -9,10 +9,20 @@
 namespace ExpressionAnalyse {
 
 /// What a node stands for; the values of `IExpressionNode::IsNodeType`.
-enum eNodeType : std::int32_t { eNodeType_Operand = 0, eNodeType_Operator = 1, eNodeType_Function = 2, eNodeType_Bracket = 3 };
+enum eNodeType : std::int32_t {
+    eNodeType_Operand = 0,
+    eNodeType_Operator = 1,
+    eNodeType_Function = 2,
+    eNodeType_Bracket = 3
+};
 
 /// The brackets of a group; the values of `IExpressionNode::IsBracketType`.
-enum eBracketType : std::int32_t { eBracketType_None = 0, eBracketType_Round = 1, eBracketType_Square = 2, eBracketType_Curly = 3 };
+enum eBracketType : std::int32_t {
+    eBracketType_None = 0,
+    eBracketType_Round = 1,
+    eBracketType_Square = 2,
+    eBracketType_Curly = 3
+};
 
 /// A node of a parsed formula. An operator has two children, a function and a bracket group the left one, an
 /// operand none. The root belongs to the caller of `AnalyseExpression`, and deleting a node deletes all below

@@ -33,7 +33,8 @@ FormulaValue::Place FormulaValue::AddOperator(Place, Operation operation, bool r
     return {};
 }
 
-FormulaValue::Place FormulaValue::AddFunction(Place, const FunctionName& function, bool negative, bool isEmpty) {
+FormulaValue::Place FormulaValue::AddFunction(Place, const FunctionName& function, bool negative,
+                                              bool isEmpty) {
     ++m_counts.branches;
     AddCode(static_cast<unsigned int>(function.operation) | (negative ? Negative : 0));
     if (isEmpty)
@@ -75,7 +76,8 @@ double FormulaValue::Calculate() const noexcept {
             const double first = values[--top];
             const double second = values[top - 1];
             const bool rightFirst = (*code & RightFirst) != 0;
-            values[top - 1] = OperatorValue(operation, rightFirst ? second : first, rightFirst ? first : second, 0.0);
+            values[top - 1] =
+                OperatorValue(operation, rightFirst ? second : first, rightFirst ? first : second, 0.0);
             continue;
         }
         double& value = values[top - 1];

@@ -47,8 +47,8 @@ public:
     void AddBlocks();
     /// Takes that room away again; nothing in it must be in use.
     void DropBlocks() noexcept;
-    /// The next place, not yet constructed, and its number in its block. `AddBlocks` has made room for as many
-    /// as the counts say.
+    /// The next place, not yet constructed, and its number in its block. `AddBlocks` has made room for as
+    /// many as the counts say.
     CExpressionNode* NextBranch(std::uint32_t& slot) noexcept { return Next(*m_branches, slot); }
     CExpressionNode* NextOperand(std::uint32_t& slot) noexcept { return Next(*m_operands, slot); }
 
@@ -71,16 +71,17 @@ public:
         if (IsAsParsed())
             m_isAsParsed.store(false, std::memory_order_relaxed);
     }
-    /// The operands to be read before the next sweep over nodes as they were parsed: one, or perhaps any.
-    CExpressionNode* UnreadOperand() const noexcept { return m_unreadOperand; }
-    bool HasManyUnreadOperands() const noexcept { return m_hasManyUnread; }
-    void NoteUnreadOperand(CExpressionNode* operand) noexcept {
-        m_hasManyUnread = m_hasManyUnread || (m_unreadOperand != nullptr && m_unreadOperand != operand);
-        m_unreadOperand = operand;
+    /// What has been set since the last calculation of nodes that are as they were parsed: nothing, one node,
+    /// or perhaps any of them.
+    CExpressionNode* StaleNode() const noexcept { return m_staleNode; }
+    bool HasManyStaleNodes() const noexcept { return m_hasManyStale; }
+    void NoteStaleNode(CExpressionNode* node) noexcept {
+        m_hasManyStale = m_hasManyStale || (m_staleNode != nullptr && m_staleNode != node);
+        m_staleNode = node;
     }
-    void SetOperandsRead() noexcept {
-        m_unreadOperand = nullptr;
-        m_hasManyUnread = false;
+    void SetCalculated() noexcept {
+        m_staleNode = nullptr;
+        m_hasManyStale = false;
     }
     /// Whether a node has a text of its own on the heap.
     bool HasOwnTexts() const noexcept { return m_hasOwnTexts.load(std::memory_order_relaxed); }
@@ -100,8 +101,8 @@ private:
     char16_t* m_text = nullptr;
     std::size_t m_textLength = 0;
     NodeCounts m_counts;
-    CExpressionNode* m_unreadOperand = nullptr;
-    bool m_hasManyUnread = true;
+    CExpressionNode* m_staleNode = nullptr;
+    bool m_hasManyStale = true;
     std::atomic<std::size_t> m_places{1};
     std::atomic<bool> m_isAsParsed{true};
     std::atomic<bool> m_hasOwnTexts{false};

@@ -21,7 +21,7 @@ std::u16string_view SymbolOf(Operation operation) {
 
 CExpressionNode* NodeBuilder::Add(Place place, std::int32_t type, std::u16string_view text, bool negative) {
     std::uint32_t slot = 0;
-    CExpressionNode* const memory = place.side == Side::Root         ? m_arena.RootPlace()
+    CExpressionNode* const memory = place.side == Side::Root    ? m_arena.RootPlace()
                                     : type == eNodeType_Operand ? m_arena.NextOperand(slot)
                                                                 : m_arena.NextBranch(slot);
     auto* const node = new (static_cast<void*>(memory)) CExpressionNode(slot, type, text, negative);
@@ -77,7 +77,7 @@ void CExpressionNode::Unfold() {
     m_holders = holders;
     arena.Seal();
     if (isCalculated)
-        Sweep();  // so that each node has the value of the last calculation
+        CalcAllParsed();  // so that each node has the value of the last calculation
 }
 
 }  // namespace ExpressionAnalyse

@@ -66,7 +66,8 @@ double OperandValue(std::u16string_view text) noexcept {
         if (text[i] == u'‰' && perMille == text.size())
             perMille = i;
     }
-    return perMille == text.size() ? QsText::ReadDouble(text) : QsText::ReadDouble(text.substr(0, perMille)) / 1000.0;
+    return perMille == text.size() ? QsText::ReadDouble(text)
+                                   : QsText::ReadDouble(text.substr(0, perMille)) / 1000.0;
 }
 
 }  // namespace ExpressionAnalyse

@@ -58,7 +58,8 @@ const SplitFinder::Indexes& SplitFinder::GetIndexes() {
         }
         std::reverse(products.begin(), products.end());
         std::reverse(productPoints.begin(), productPoints.end());
-        m_indexes.reset(new Indexes{std::move(sums), std::move(products), DominanceIndex(std::move(sumPoints)),
+        m_indexes.reset(new Indexes{std::move(sums), std::move(products),
+                                    DominanceIndex(std::move(sumPoints)),
                                     DominanceIndex(std::move(productPoints))});
     }
     return *m_indexes;

@@ -102,9 +102,15 @@ private:
         const bool rightFirst = whole.endMark - mark - 1 < mark - whole.firstMark;
         const Place node = m_builder.AddOperator(task.place, OperatorOf(m_units[position]), rightFirst);
         // The first sum operator of the whole is the one at hand, or there is none: none is in front of it.
-        const Task left{{whole.begin, position, whole.firstMark, mark}, m_builder.LeftOf(node), false, true,
+        const Task left{{whole.begin, position, whole.firstMark, mark},
+                        m_builder.LeftOf(node),
+                        false,
+                        true,
                         task.isLowerCase};
-        const Task right{{position + 1, whole.end, mark + 1, whole.endMark}, m_builder.RightOf(node), true, true,
+        const Task right{{position + 1, whole.end, mark + 1, whole.endMark},
+                         m_builder.RightOf(node),
+                         true,
+                         true,
                          task.isLowerCase};
         m_pending[m_pendingCount++] = rightFirst ? left : right;
         task = rightFirst ? right : left;
@@ -157,7 +163,8 @@ private:
         return false;
     }
 
-    static constexpr std::size_t MostPending = 40;  // the side that waits has the more marks, of 32-bit number
+    static constexpr std::size_t MostPending =
+        40;  // the side that waits has the more marks, of 32-bit number
 
     FormulaText& m_text;
     const Mark* m_marks;

@@ -96,8 +96,8 @@ public:
     static int CompareDECode(const CString& a, const CString& b);
     /// Compares bill codes: the shorter first, then by the system's word compare. Negative, 0 or positive.
     static int CompareQDCode(const CString& a, const CString& b);
-    /// Compares by the numbers that two texts begin with, then as texts; as texts alone unless both begin with
-    /// a digit. Negative, 0 or positive.
+    /// Compares by the numbers that two texts begin with, then as texts; as texts alone unless both begin
+    /// with a digit. Negative, 0 or positive.
     static int CompareStringW(const CString& a, const CString& b);
     /// Compares part by part between separators, and within "/" between "-". Texts with a different number of
     /// parts and equal common ones are equal. Negative, 0 or positive.

@@ -17,8 +17,8 @@ constinit QsFrame::ServiceHolder<COprateString> theFormulaVariables;
 // Ended by the end sequence, not by their own destructors.
 constinit QsFrame::LazyService<ExpressionAnalyse::CExpressionAnalyse> theExpressionAnalyser;
 
-// The last static object: when it is made, all others stand, and it is destroyed before any of them, on unloading
-// and at the end of the program alike.
+// The last static object: when it is made, all others stand, and it is destroyed before any of them, on
+// unloading and at the end of the program alike.
 const struct ModuleStart {
     ModuleStart() { theApp.InitInstance(); }
     ~ModuleStart() { theApp.ExitInstance(); }

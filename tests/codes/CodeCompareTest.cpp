@@ -1,10 +1,11 @@
 // The orders of quota codes, bill codes and other item codes.
-#include <gtest/gtest.h>
-
 #include <random>
+
+#include <gtest/gtest.h>
 
 #include "QsUtils/QsUtils.h"
 #include "QsUtils/codes/CodeCompare.h"
+
 #include "tests/codes/PlainCodes.h"
 
 namespace {
@@ -82,7 +83,7 @@ TEST(CompareStringW, NumbersThatTextsBeginWith) {
     EXPECT_EQ(IQsUtils::CompareStringW(u"", u""), 0);
     EXPECT_GT(IQsUtils::CompareStringW(u"10", u"9a"), 0);
     EXPECT_GT(IQsUtils::CompareStringW(u"1e3", u"999"), 0);
-    EXPECT_LT(IQsUtils::CompareStringW(u"-5", u"3"), 0);   // "-" is no digit: as texts
+    EXPECT_LT(IQsUtils::CompareStringW(u"-5", u"3"), 0);  // "-" is no digit: as texts
     EXPECT_LT(IQsUtils::CompareStringW(u"10", u"a"), 0);
     EXPECT_GT(IQsUtils::CompareStringW(u"1e999", u"1e998"), 0);  // both infinite: as texts
 }
@@ -135,8 +136,10 @@ TEST(CodeCompare, AgreesWithThePlainRules) {
         const CString b = random.Number() % 8 == 0 ? a + random.Make(alphabet, 2) : random.Make(alphabet, 8);
         ASSERT_EQ(IQsUtils::CompareDECode(a, b), PlainCodes::CompareDECode(a, b)) << a << " " << b;
         ASSERT_EQ(IQsUtils::CompareStringW(a, b), PlainCodes::CompareNumbers(a, b)) << a << " " << b;
-        ASSERT_EQ(IQsUtils::CompareStringW(a, b, L'/'), PlainCodes::CompareParts(a, b, L'/')) << a << " " << b;
-        ASSERT_EQ(IQsUtils::CompareStringW(a, b, L'-'), PlainCodes::CompareParts(a, b, L'-')) << a << " " << b;
+        ASSERT_EQ(IQsUtils::CompareStringW(a, b, L'/'), PlainCodes::CompareParts(a, b, L'/'))
+            << a << " " << b;
+        ASSERT_EQ(IQsUtils::CompareStringW(a, b, L'-'), PlainCodes::CompareParts(a, b, L'-'))
+            << a << " " << b;
     }
 }
 

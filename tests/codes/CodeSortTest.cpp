@@ -1,13 +1,14 @@
 // The sorts of item codes: element for element the outcome of the plain partition sort.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <numeric>
 #include <random>
 #include <string>
 
+#include <gtest/gtest.h>
+
 #include "QsUtils/QsUtils.h"
+
 #include "tests/codes/PlainCodes.h"
 #include "tests/support/SmallStack.h"
 
@@ -99,7 +100,8 @@ TEST_F(CodeSort, SmallSetsWithManyEquals) {
 }
 
 TEST_F(CodeSort, LargerSets) {
-    const std::u16string_view alphabets[] = {u"0123456789", u"01-", u"12/", u"123/-", u"0aA-'/ ", u"1土砖石/-"};
+    const std::u16string_view alphabets[] = {u"0123456789", u"01-",     u"12/",
+                                             u"123/-",      u"0aA-'/ ", u"1土砖石/-"};
     for (int round = 0; round < 120; ++round) {
         const std::u16string_view alphabet = alphabets[static_cast<unsigned>(round) % std::size(alphabets)];
         ASSERT_NO_FATAL_FAILURE(ExpectSameOutcome(Codes(Random() % 1500, alphabet, 1 + Random() % 14)));
@@ -111,10 +113,19 @@ TEST_F(CodeSort, RealisticCodes) {
     for (int i = 0; i < 5000; ++i) {
         CString code;
         switch (Random() % 4) {
-            case 0: code.Format(u"%04u%02u%03u%03u", 101 + Random() % 15, 1 + Random() % 9, 1 + Random() % 20, 1 + Random() % 5); break;
-            case 1: code.Format(u"%u-%u", 1 + Random() % 12, 1 + Random() % 400); break;
-            case 2: code.Format(u"A%u-%u/%u", Random() % 9, Random() % 30, Random() % 4); break;
-            default: code.Format(u"%u-%u/%u-%u", Random() % 9, Random() % 30, Random() % 4, Random() % 15); break;
+            case 0:
+                code.Format(u"%04u%02u%03u%03u", 101 + Random() % 15, 1 + Random() % 9, 1 + Random() % 20,
+                            1 + Random() % 5);
+                break;
+            case 1:
+                code.Format(u"%u-%u", 1 + Random() % 12, 1 + Random() % 400);
+                break;
+            case 2:
+                code.Format(u"A%u-%u/%u", Random() % 9, Random() % 30, Random() % 4);
+                break;
+            default:
+                code.Format(u"%u-%u/%u-%u", Random() % 9, Random() % 30, Random() % 4, Random() % 15);
+                break;
         }
         codes.push_back(code);
     }
@@ -126,7 +137,8 @@ TEST_F(CodeSort, CodesTooLongForTheQuotaOrder) {
         std::vector<CString> codes = Codes(2 + Random() % 40, u"12A", 3);
         for (CString& code : codes)
             if (Random() % 4 == 0)
-                code = CString(static_cast<char16_t>(u'0' + Random() % 3), static_cast<int>(499 + Random() % 3));
+                code =
+                    CString(static_cast<char16_t>(u'0' + Random() % 3), static_cast<int>(499 + Random() % 3));
         ASSERT_NO_FATAL_FAILURE(ExpectSameOutcome(codes));
     }
 }

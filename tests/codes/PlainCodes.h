@@ -89,7 +89,8 @@ inline int CompareParts(const CString& a, const CString& b, wchar_t sep) {
     IQsUtils::Split(a, left, sep);
     IQsUtils::Split(b, right, sep);
     for (int i = 0; i < std::min(left.GetSize(), right.GetSize()); ++i) {
-        const int order = sep == L'/' ? CompareParts(left[i], right[i], L'-') : CompareNumbers(left[i], right[i]);
+        const int order =
+            sep == L'/' ? CompareParts(left[i], right[i], L'-') : CompareNumbers(left[i], right[i]);
         if (order != 0)
             return order;
     }
@@ -99,7 +100,9 @@ inline int CompareParts(const CString& a, const CString& b, wchar_t sep) {
 template <typename Compare>
 void Sort(Items& items, int left, int right, Compare compare) {
     const CString pivot = items[static_cast<std::size_t>((left + right) / 2)].first;
-    const auto at = [&items](int index) -> std::pair<CString, void*>& { return items[static_cast<std::size_t>(index)]; };
+    const auto at = [&items](int index) -> std::pair<CString, void*>& {
+        return items[static_cast<std::size_t>(index)];
+    };
     int i = left;
     int j = right;
     do {

@@ -1,12 +1,13 @@
 // The analyser against the plain transcription of its rules, on random and on contrived formulas.
-#include <gtest/gtest.h>
-
 #include <bit>
 #include <random>
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include "QsUtils/expression/CExpressionAnalyse.h"
+
 #include "tests/expression/PlainAnalyser.h"
 
 namespace {
@@ -22,7 +23,8 @@ std::string Narrow(const std::u16string& text) {
 }
 
 bool SameValue(double a, double b) {
-    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) || (std::isnan(a) && std::isnan(b));
+    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) ||
+           (std::isnan(a) && std::isnan(b));
 }
 
 bool SameTree(IExpressionNode* node, const PlainAnalyser::Node* plain) {
@@ -30,7 +32,8 @@ bool SameTree(IExpressionNode* node, const PlainAnalyser::Node* plain) {
         return node == nullptr && plain == nullptr;
     return node->GetNodeText().View() == plain->text && node->IsNodeType(plain->type) &&
            node->IsBracketType(plain->bracket) && node->IsNegative() == plain->negative &&
-           SameTree(node->GetLeftNode(), plain->left.get()) && SameTree(node->GetRightNode(), plain->right.get());
+           SameTree(node->GetLeftNode(), plain->left.get()) &&
+           SameTree(node->GetRightNode(), plain->right.get());
 }
 
 /// Parses and calculates `formula` both ways; true when everything agrees.
@@ -45,9 +48,10 @@ bool Agrees(const std::u16string& formula) {
     if (root == nullptr)
         return true;
     const double expected = PlainAnalyser::Calculate(plain.get());
-    if (!SameValue(root->CalcValue(), expected) || root->ToString().View() != PlainAnalyser::ToText(plain.get()))
+    if (!SameValue(root->CalcValue(), expected) ||
+        root->ToString().View() != PlainAnalyser::ToText(plain.get()))
         return false;
-    // Once something has been set, the tree is walked node by node instead of swept.
+    // Once something has been set, the tree is walked node by node.
     root->SetLeftNode(root->GetLeftNode());
     return SameValue(root->CalcValue(), expected);
 }
@@ -56,7 +60,9 @@ class RandomFormulas {
 public:
     explicit RandomFormulas(std::uint32_t seed) : m_random(seed) {}
 
-    std::size_t Below(std::size_t bound) { return std::uniform_int_distribution<std::size_t>(0, bound - 1)(m_random); }
+    std::size_t Below(std::size_t bound) {
+        return std::uniform_int_distribution<std::size_t>(0, bound - 1)(m_random);
+    }
 
     template <typename Pool>
     std::u16string FromPieces(const Pool& pool, std::size_t most) {
@@ -68,7 +74,8 @@ public:
 
     /// A formula as people write them, with brackets that match.
     std::u16string Sensible(int depth) {
-        static const std::u16string operands[] = {u"1", u"2.5", u"12", u"50%", u"3‰", u"abc", u"Q", u"1e2", u""};
+        static const std::u16string operands[] = {u"1",   u"2.5", u"12",  u"50%", u"3‰",
+                                                  u"abc", u"Q",   u"1e2", u""};
         static const std::u16string operators[] = {u"+", u"-", u"*", u"/", u"^", u"×", u"÷", u" + "};
         static const std::u16string heads[] = {u"", u"", u"-", u"sin", u"SQRT", u"+", u"fabs", u"Ln"};
         std::u16string formula;
@@ -147,7 +154,8 @@ TEST(AnalyserDifferential, SensibleFormulas) {
 TEST(AnalyserDifferential, CrossingBrackets) {
     // Long enough, and crossed enough, that the splits are found through the index.
     RandomFormulas random(99);
-    const std::u16string pool[] = {u"(", u"[", u"{", u")", u"]", u"}", u"(", u"1+", u"2*", u"([)]", u"[(])+", u"3"};
+    const std::u16string pool[] = {u"(", u"[",  u"{",  u")",    u"]",     u"}",
+                                   u"(", u"1+", u"2*", u"([)]", u"[(])+", u"3"};
     const std::u16string flat[] = {u"[)(]", u"(1*", u"2)+", u"[1-", u"2]*", u"sin"};
     for (int i = 0; i < 1500; ++i) {
         std::u16string formula = Balanced(random.FromPieces(pool, 400));

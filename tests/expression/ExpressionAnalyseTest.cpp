@@ -1,12 +1,13 @@
 // Formulas and their values: results that hosts rely on, errors, and formulas of any size on a small stack.
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <limits>
 #include <memory>
 #include <string>
 
+#include <gtest/gtest.h>
+
 #include "QsUtils/expression/ExpressionAnalyse.h"
+
 #include "tests/support/SmallStack.h"
 
 namespace {
@@ -126,10 +127,10 @@ TEST(ExpressionAnalyse, EmptyTextsAreNoError) {
 
 TEST(ExpressionAnalyse, Errors) {
     const std::pair<const char16_t*, int> cases[] = {
-        {u"(1", 2},    {u"1)", 2},    {u"[1", 3},   {u"1]]", 3}, {u"{1", 4}, {u"(1+2]", 2}, {u"[1+2}", 3},
-        {u"1+", 5},    {u"3*", 5},    {u"*3", 5},   {u"/", 5},   {u"^2", 5}, {u"2*-3", 5},  {u"--3", 5},
-        {u"-", 5},     {u"+", 5},     {u"(-)", 5},  {u"1-", 5},  {u"sin(1+)", 5}, {u"1+(2+)", 5},
-        {u"(1+)*2", 5}, {u"×2", 5},
+        {u"(1", 2},      {u"1)", 2},     {u"[1", 3},     {u"1]]", 3}, {u"{1", 4},  {u"(1+2]", 2},
+        {u"[1+2}", 3},   {u"1+", 5},     {u"3*", 5},     {u"*3", 5},  {u"/", 5},   {u"^2", 5},
+        {u"2*-3", 5},    {u"--3", 5},    {u"-", 5},      {u"+", 5},   {u"(-)", 5}, {u"1-", 5},
+        {u"sin(1+)", 5}, {u"1+(2+)", 5}, {u"(1+)*2", 5}, {u"×2", 5},
     };
     for (const auto& [formula, expected] : cases) {
         const Outcome outcome = Analyse(formula);
@@ -165,7 +166,7 @@ double WholeLife(const std::u16string& formula) {
     while (node->GetLeftNode() != nullptr || node->GetRightNode() != nullptr)
         node = node->GetRightNode() != nullptr ? node->GetRightNode() : node->GetLeftNode();
     node->SetLeafText(node->GetNodeText());
-    EXPECT_EQ(outcome.root->CalcValue(), folded);  // swept
+    EXPECT_EQ(outcome.root->CalcValue(), folded);  // from the leaf upwards
     outcome.root->ToString();
     outcome.root->SetLeftNode(outcome.root->GetLeftNode());
     EXPECT_EQ(outcome.root->CalcValue(), folded);  // walked

@@ -1,11 +1,11 @@
 // What a host may do with the nodes of a formula.
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <memory>
 #include <random>
 #include <stdexcept>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "QsUtils/expression/CExpressionAnalyse.h"
 
@@ -410,12 +410,24 @@ TEST(ExpressionNode, RandomSurgery) {
         for (int step = 0; step < 6; ++step) {
             IExpressionNode* node = any();
             switch (random() % 6) {
-                case 0: node->SetLeftNode(any()); break;
-                case 1: node->SetRightNode(any()); break;
-                case 2: node->SetNodeText(u"a text that is too long to be kept in place"); break;
-                case 3: node->SetNodeType(static_cast<std::int32_t>(random() % 5)); break;
-                case 4: node->SetBracketType(static_cast<std::int32_t>(random() % 5)); break;
-                default: node->SetNegative(true); break;
+                case 0:
+                    node->SetLeftNode(any());
+                    break;
+                case 1:
+                    node->SetRightNode(any());
+                    break;
+                case 2:
+                    node->SetNodeText(u"a text that is too long to be kept in place");
+                    break;
+                case 3:
+                    node->SetNodeType(static_cast<std::int32_t>(random() % 5));
+                    break;
+                case 4:
+                    node->SetBracketType(static_cast<std::int32_t>(random() % 5));
+                    break;
+                default:
+                    node->SetNegative(true);
+                    break;
             }
         }
         for (IExpressionNode* root : roots) {

@@ -1,12 +1,13 @@
 // The variables in the text of a formula.
-#include <gtest/gtest.h>
-
 #include <list>
 #include <map>
 #include <random>
 
+#include <gtest/gtest.h>
+
 #include "QsUtils/QsUtils.h"
 #include "QsUtils/expression/COprateString.h"
+
 #include "tests/expression/PlainVariables.h"
 
 namespace {
@@ -37,11 +38,12 @@ CString WithAmount(CString text, const CString& amount) {
 }
 
 TEST(IsVariable, LettersThatAreNoHeads) {
-    for (const char16_t* text : {u"A", u"][", u"[]", u"ASIN(1)", u"acos(1)", u"SIN", u"FABS(1)", u"exp", u"宽", u"SIN (1)",
-                                 u"x", u"1+a", u"[1]", u"\u0181"})
+    for (const char16_t* text : {u"A", u"][", u"[]", u"ASIN(1)", u"acos(1)", u"SIN", u"FABS(1)", u"exp",
+                                 u"宽", u"SIN (1)", u"x", u"1+a", u"[1]", u"\u0181"})
         EXPECT_TRUE(IQsUtils::IsVariable(text)) << CString(text);
-    for (const char16_t* text : {u"", u"123+4", u"SIN(30)", u"sin(30)", u"ATAN(1)", u"2*EXP(1)", u"sqrt(2)", u"Ln(2)",
-                                 u"log(2)+rad(3)", u"SQR(2)", u"TAN(1)", u"[", u"]", u"中", u"。", u"SSIN(IN(1)", u"{1}"})
+    for (const char16_t* text :
+         {u"", u"123+4", u"SIN(30)", u"sin(30)", u"ATAN(1)", u"2*EXP(1)", u"sqrt(2)", u"Ln(2)",
+          u"log(2)+rad(3)", u"SQR(2)", u"TAN(1)", u"[", u"]", u"中", u"。", u"SSIN(IN(1)", u"{1}"})
         EXPECT_FALSE(IQsUtils::IsVariable(text)) << CString(text);
 }
 
@@ -139,7 +141,8 @@ TEST(ReplaceQWithProjectAmount, InItsFourForms) {
 
 TEST(TrimTrailingZeros, OnlyBehindAPoint) {
     const std::pair<const char16_t*, const char16_t*> cases[] = {
-        {u"100.00", u"100"}, {u"1.50", u"1.5"}, {u"1.", u"1"}, {u".0", u""}, {u"0.0", u"0"}, {u"1.0.0", u"1.0"}, {u"a.b", u"a.b"}};
+        {u"100.00", u"100"}, {u"1.50", u"1.5"},  {u"1.", u"1"},   {u".0", u""},
+        {u"0.0", u"0"},      {u"1.0.0", u"1.0"}, {u"a.b", u"a.b"}};
     for (const auto& [before, after] : cases) {
         CString text = before;
         EXPECT_TRUE(COprateString::TrimTrailingZeros(text));
@@ -152,9 +155,9 @@ TEST(TrimTrailingZeros, OnlyBehindAPoint) {
 
 TEST(FormulaVariables, AgreeWithThePlainScans) {
     std::mt19937 random(4);
-    const std::u16string pieces[] = {u"A", u"b", u"1",    u"2",    u"+",    u"*",   u"(",   u")", u"[", u"]", u"{",
-                                     u"}", u"Q", u"SIN(", u"cos(", u"EXP(", u"sin", u"LN(", u".", u"宽", u"中", u"S",
-                                     u"IN(", u"[Q]", u"A+A"};
+    const std::u16string pieces[] = {u"A", u"b",  u"1",  u"2", u"+",    u"*",    u"(",    u")",   u"[",
+                                     u"]", u"{",  u"}",  u"Q", u"SIN(", u"cos(", u"EXP(", u"sin", u"LN(",
+                                     u".", u"宽", u"中", u"S", u"IN(",  u"[Q]",  u"A+A"};
     const auto formula = [&](unsigned most) {
         CString text;
         for (auto count = random() % (most + 1); count > 0; --count)
@@ -167,7 +170,8 @@ TEST(FormulaVariables, AgreeWithThePlainScans) {
         for (const bool unique : {false, true}) {
             List ours{u"A", u"[Q"};
             List plain = ours;
-            ASSERT_EQ(IQsUtils::FindVariable(text, ours, unique), PlainVariables::FindVariable(text, plain, unique));
+            ASSERT_EQ(IQsUtils::FindVariable(text, ours, unique),
+                      PlainVariables::FindVariable(text, plain, unique));
             ASSERT_EQ(ours, plain) << text;
         }
         Map ours;

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "QsUtils/text/Numbers.h"
+#include "QsUtils/frame/IQsUtils1.h"
 
 namespace PlainAnalyser {
 
@@ -45,13 +45,26 @@ struct Depths {
     /// True when `unit` is a bracket.
     bool Count(char16_t unit) {
         switch (unit) {
-            case u'(': ++round; return true;
-            case u')': --round; return true;
-            case u'[': ++square; return true;
-            case u']': --square; return true;
-            case u'{': ++curly; return true;
-            case u'}': --curly; return true;
-            default: return false;
+            case u'(':
+                ++round;
+                return true;
+            case u')':
+                --round;
+                return true;
+            case u'[':
+                ++square;
+                return true;
+            case u']':
+                --square;
+                return true;
+            case u'{':
+                ++curly;
+                return true;
+            case u'}':
+                --curly;
+                return true;
+            default:
+                return false;
         }
     }
     bool NoneAbove() const { return round <= 0 && square <= 0 && curly <= 0; }
@@ -196,11 +209,16 @@ inline std::int32_t Truncated(double value) {
     return value > -2147483649.0 && value < 2147483648.0 ? static_cast<std::int32_t>(value) : INT32_MIN;
 }
 
+/// The number that a text begins with, as the public interface gives it.
+inline double Number(const Text& text) {
+    return IQsUtils1::GetFormatedRateOfTransPrice(CString(text));
+}
+
 inline double Operand(const Text& text) {
     for (const auto& [sign, divisor] : {std::pair{u'%', 100.0}, std::pair{u'‰', 1000.0}})
         if (const std::size_t at = text.find(sign); at != Text::npos)
-            return QsText::ReadDouble(Text(text.substr(0, at))) / divisor;
-    return QsText::ReadDouble(text);
+            return Number(text.substr(0, at)) / divisor;
+    return Number(text);
 }
 
 inline double Calculate(Node* node) {

@@ -33,8 +33,8 @@ inline bool IsVariable(const CString& text) {
         return true;
     CString rest = text;
     if (text.GetLength() > 1)
-        for (const char16_t* head : {u"SIN(", u"COS(", u"ASIN(", u"ACOS(", u"SQRT(", u"ATAN(", u"TAN(", u"EXP(", u"LOG(",
-                                     u"SQR(", u"RAD(", u"LN("})
+        for (const char16_t* head : {u"SIN(", u"COS(", u"ASIN(", u"ACOS(", u"SQRT(", u"ATAN(", u"TAN(",
+                                     u"EXP(", u"LOG(", u"SQR(", u"RAD(", u"LN("})
             RemoveToken(rest, head);
     for (int i = 0; i < rest.GetLength(); ++i)
         if (IsLetter(rest[i]))

@@ -1,8 +1,8 @@
 // The places where formulas split, found by walking, through the index, and by the plain rules.
-#include <gtest/gtest.h>
-
 #include <random>
 #include <string>
+
+#include <gtest/gtest.h>
 
 #include "QsUtils/expression/DominanceIndex.h"
 #include "QsUtils/expression/SplitFinder.h"
@@ -77,7 +77,8 @@ TEST(SplitFinder, WalkAndIndexFollowTheRules) {
             const Stretch stretch = StretchOf(text, begin, end);
             const auto [sum, product] = PlainSplits(std::u16string_view(source).substr(begin, end - begin));
             const auto position = [&](std::uint32_t mark) {
-                return mark == Mark::None ? std::int64_t{-1} : std::int64_t{text.Marks()[mark].position} - begin;
+                return mark == Mark::None ? std::int64_t{-1}
+                                          : std::int64_t{text.Marks()[mark].position} - begin;
             };
             ASSERT_EQ(position(walking.FindSum(stretch)), sum);
             ASSERT_EQ(position(walking.FindProduct(stretch)), product);

@@ -1,10 +1,10 @@
 // Runs a piece of a test on a thread with little stack, where a recursion over the input would show.
 #pragma once
 
-#include <pthread.h>
-
 #include <cstddef>
 #include <functional>
+
+#include <pthread.h>
 
 /// Runs `work` to its end on a thread with `bytes` of stack; under a sanitizer, whose frames are larger, with
 /// four times that.

@@ -19,11 +19,13 @@ std::size_t WholePages(std::size_t bytes) {
 
 /// Anonymous memory that begins at a large page.
 void* MapPages(std::size_t bytes) {
-    void* const mapped = mmap(nullptr, bytes + LargePage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    void* const mapped = mmap(nullptr, bytes + LargePage, PROT_READ | PROT_WRITE,
+                              MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     if (mapped == MAP_FAILED)
         throw std::bad_alloc();
     auto* const begin = static_cast<std::byte*>(mapped);
-    const std::size_t ahead = WholePages(reinterpret_cast<std::uintptr_t>(begin)) - reinterpret_cast<std::uintptr_t>(begin);
+    const std::size_t ahead =
+        WholePages(reinterpret_cast<std::uintptr_t>(begin)) - reinterpret_cast<std::uintptr_t>(begin);
     if (ahead > 0)
         munmap(begin, ahead);
     if (ahead < LargePage)
