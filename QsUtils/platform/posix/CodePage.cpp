@@ -15,19 +15,22 @@ std::size_t Decode(std::string_view narrow, Unit* to) {
     Unit* const begin = to;
     const auto* from = reinterpret_cast<const unsigned char*>(narrow.data());
     const auto* const end = from + narrow.size();
-    while (from != end) {
+    // While there is a byte behind, a lead byte can look at its trail byte without asking for the end.
+    while (end - from > 1) {
         const unsigned char byte = *from++;
         if (byte < 0x80) {
             *to++ = static_cast<Unit>(byte);
-        } else if (!IsLeadByte(byte)) {
-            *to++ = static_cast<Unit>(page.singles[byte]);
-        } else if (from == end || *from == 0) {
+        } else if (IsLeadByte(byte)) {
+            *to++ = static_cast<Unit>(page.pairs[byte - 0x81U][*from]);
             // The system never takes a NUL for a trail byte.
-            *to++ = static_cast<Unit>(u'?');
+            if (*from != 0)
+                ++from;
         } else {
-            *to++ = static_cast<Unit>(page.pairs[byte - 0x81U][*from++]);
+            *to++ = static_cast<Unit>(page.singles[byte]);
         }
     }
+    if (from != end)
+        *to++ = static_cast<Unit>(page.singles[*from]);
     return static_cast<std::size_t>(to - begin);
 }
 
@@ -38,23 +41,32 @@ std::size_t Encode(std::basic_string_view<Unit> wide, char* to) {
     char* const begin = to;
     for (const Unit character : wide) {
         const auto unit = static_cast<std::uint32_t>(character);
-        if (sizeof(Unit) > sizeof(char16_t) && unit > 0xFFFF) {
+        if (unit < 0x80) {
+            *to++ = static_cast<char>(unit);
+        } else if (unit <= 0xFFFF) {
+            const std::uint16_t code = page.encoded[unit];
+            *to++ = static_cast<char>(code & 0xFF);
+            if (code > 0xFF)
+                *to++ = static_cast<char>(code >> 8);
+        } else {
             *to++ = '?';
             // A surrogate pair has two marks; what is no character at all has one.
             if (unit <= 0x10FFFF)
                 *to++ = '?';
-            continue;
         }
-        const std::uint16_t code = page.encoded[unit];
-        *to++ = static_cast<char>(code & 0xFF);
-        if (code > 0xFF)
-            *to++ = static_cast<char>(code >> 8);
     }
     return static_cast<std::size_t>(to - begin);
 }
 
+/// Texts up to this length are converted on the stack: the result is then made once, in its own size.
+constexpr std::size_t ShortText = 128;
+
 template <typename Unit>
 std::string EncodeAll(std::basic_string_view<Unit> wide) {
+    if (wide.size() <= ShortText) {
+        char buffer[2 * ShortText];
+        return std::string(buffer, Encode(wide, buffer));
+    }
     std::string narrow(2 * wide.size(), '\0');
     narrow.resize(Encode(wide, narrow.data()));
     return narrow;
@@ -62,6 +74,10 @@ std::string EncodeAll(std::basic_string_view<Unit> wide) {
 
 template <typename Text>
 Text DecodeAll(std::string_view narrow) {
+    if (narrow.size() <= ShortText) {
+        typename Text::value_type buffer[ShortText];
+        return Text(buffer, Decode(narrow, buffer));
+    }
     Text wide(narrow.size(), 0);
     wide.resize(Decode(narrow, wide.data()));
     return wide;

@@ -82,7 +82,9 @@ void FillEncoded(UConverter* converter, unsigned first, unsigned last) {
     for (const char16_t unit : units) {
         const unsigned byte = byteAt(at++);
         const unsigned trail = IsLeadByte(static_cast<unsigned char>(byte)) ? byteAt(at++) : 0U;
-        tables.encoded[unit] = static_cast<std::uint16_t>(byte | trail << 8);
+        // ICU falls back to controls for the half-width arrows; Windows never makes a control of a sign.
+        tables.encoded[unit] =
+            byte < u' ' ? std::uint16_t{Missing} : static_cast<std::uint16_t>(byte | trail << 8);
     }
 }
 

@@ -180,6 +180,30 @@ void WeighByNumber(char16_t unit, std::uint8_t lead, UnitWeight& weight) {
     AddPrimary(weight, static_cast<std::uint8_t>(unit & 0xFF));
 }
 
+/// Where a hanzi stands that ICU reads otherwise: behind the one that is returned, as the `nth` that does.
+char16_t MovedBehind(char16_t unit, std::uint8_t& nth) {
+    nth = 0;
+    char16_t last = 0;
+    for (std::size_t i = 0; i < WordOrder::MovedHanzi.size(); i += 2) {
+        const char16_t behind = WordOrder::MovedHanzi[i + 1];
+        nth = behind == last ? static_cast<std::uint8_t>(nth + 1) : std::uint8_t{0};
+        last = behind;
+        if (WordOrder::MovedHanzi[i] == unit)
+            return behind;
+    }
+    return 0;
+}
+
+void WeighByCollation(const UCollator* collator, char16_t unit, std::uint8_t firstDigit, UnitWeight& weight) {
+    std::uint8_t nth = 0;
+    const char16_t behind = MovedBehind(unit, nth);
+    WeighByKey(collator, behind == 0 ? unit : behind, firstDigit, weight);
+    if (behind == 0)
+        return;
+    AddPrimary(weight, Lead::Behind);
+    AddPrimary(weight, static_cast<std::uint8_t>(2 + nth));
+}
+
 std::uint8_t FirstDigitByte(const UCollator* collator) {
     const UChar digit = u'0';
     std::array<std::uint8_t, 16> key{};
@@ -193,6 +217,11 @@ bool WeighNamed(char16_t unit, UnitWeight& weight) {
     weight.tieBreaker = TieBreakerOf(unit);
     if (weight.tieBreaker != 0 || Contains(WordOrder::Ignored, unit))
         return true;
+    if (unit == WordOrder::FirstHanzi) {
+        weight = LetterWeight();
+        AddPrimary(weight, Lead::AheadOfHanzi);
+        return true;
+    }
     if (u_charType(unit) == U_PRIVATE_USE_CHAR) {
         WeighByNumber(unit, Lead::PrivateUse, weight);
         return true;
@@ -217,7 +246,7 @@ void FillWordWeights(char16_t first, std::array<UnitWeight, 0x100>& weights) {
             if (collator == nullptr)
                 WeighByNumber(unit, Lead::OtherScripts, weight);
             else
-                WeighByKey(collator.get(), unit, firstDigit, weight);
+                WeighByCollation(collator.get(), unit, firstDigit, weight);
         }
         ++unit;
     }

@@ -41,4 +41,14 @@ inline constexpr std::u16string_view Marks =
     u"\u030D\u0301\u0300\u0307\u0302\u0308\u030C\u0306\u0304\u0303\u030A\u0328"
     u"\u0327\u030B\u0335\u0336\u0337\u0338";
 
+/// The first of all hanzi.
+inline constexpr char16_t FirstHanzi = u'吖';
+
+/// Hanzi that are read otherwise, each with the one that it stands behind; several behind the same one are in
+/// their order.
+inline constexpr std::u16string_view MovedHanzi =
+    u"宀薄芘比疒禀擘檗刂草掺觇孱禅豉耻楱凑亻黛卩黛坻诋丶癫町盯钭抖犭蘩攵蘩伽旮聒崞砉花灬火迹哜绩寂袷铗"
+    u"纟鹪诘杰阚看蚵疴傀夔冫墚潦獠呒锊嬷磨肀捏蹒磐彷滂拚苤冖娉埔朴茄鞘炔券彡三氵三疋书丨曙忄曙焘绦扌踢"
+    u"冂嗵柁驼隗萎亠瘟喔涡矽析芎兄噱踅龈鄞仔栽辗搌碡轴著疰丬装椎骓辶鲰菹租嘬撙阝琢酢做";
+
 }  // namespace QsPlatform::WordOrder

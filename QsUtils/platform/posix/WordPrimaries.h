@@ -22,8 +22,11 @@ constexpr std::uint8_t PrivateUse = OtherScripts + 1;
 constexpr std::uint8_t FirstHanzi = 0x80;
 constexpr std::uint8_t LastHanzi = 0xFC;
 constexpr std::uint8_t Supplementary = 0xFD;
+// Follows the bytes of a hanzi to make the place behind it, and behind all texts that begin with it.
+constexpr std::uint8_t Behind = 0xFF;
+constexpr std::uint8_t AheadOfHanzi = FirstHanzi - 1;
 
-static_assert(PrivateUse < FirstHanzi);
+static_assert(PrivateUse < AheadOfHanzi);
 
 }  // namespace Lead
 
