@@ -1,7 +1,6 @@
 // How long the module takes to enter a process and to leave it.
-#include <dlfcn.h>
-
 #include <benchmark/benchmark.h>
+#include <dlfcn.h>
 
 namespace {
 
@@ -21,7 +20,9 @@ void LoadAndUnload(benchmark::State& state, const char* path) {
     }
 }
 
-BENCHMARK_CAPTURE(LoadAndUnload, ours, QSUTILS_MODULE)->Name("Module/Load/ours")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(LoadAndUnload, ours, QSUTILS_MODULE)
+    ->Name("Module/Load/ours")
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(LoadAndUnload, xerces, XERCES_ALONE_MODULE)
     ->Name("Module/Load/xerces")
     ->Unit(benchmark::kMicrosecond);

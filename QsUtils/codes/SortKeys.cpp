@@ -31,7 +31,7 @@ void AppendNumber(std::string& key, std::uint32_t number) {
         AppendByte(key, number + First);
         return;
     }
-    const int bytes = (std::bit_width(number) + 7) / 8;
+    const int bytes = static_cast<int>(std::bit_width(number) + 7) / 8;
     AppendByte(key, Small + static_cast<unsigned int>(bytes));
     AppendBigEndian(key, number, bytes);
 }

@@ -1,8 +1,8 @@
-#include <QsUtils/QsUtils.h>
-
 #include <cstdint>
 #include <cstdio>
 #include <memory>
+
+#include <QsUtils/QsUtils.h>
 
 int main() {
     std::int32_t error = 0;

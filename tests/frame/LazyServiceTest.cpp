@@ -1,5 +1,3 @@
-#include "QsUtils/frame/LazyService.h"
-
 #include <atomic>
 #include <barrier>
 #include <stdexcept>
@@ -7,6 +5,8 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+
+#include "QsUtils/frame/LazyService.h"
 
 namespace {
 

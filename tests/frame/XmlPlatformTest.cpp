@@ -1,5 +1,3 @@
-#include "QsUtils/xml/XmlPlatform.h"
-
 #include <gtest/gtest.h>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/RuntimeException.hpp>
@@ -9,6 +7,7 @@
 #include "QsUtils/frame/CQsUtilsApp.h"
 #include "QsUtils/frame/IQsUtils.h"
 #include "QsUtils/text/CString.h"
+#include "QsUtils/xml/XmlPlatform.h"
 
 namespace {
 

@@ -1,11 +1,10 @@
 // What happens when the module comes and goes, in which order, told by hosts that are watched from inside.
-#include <sys/wait.h>
-
 #include <array>
 #include <cstdio>
 #include <string>
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
 namespace {
 
@@ -60,8 +59,8 @@ TEST(EndSequence, ExitWithALoadedModuleEndsItInTheSameOrder) {
 TEST(EndSequence, ExitOfALinkedHostEndsTheModuleInTheSameOrder) {
     const Outcome outcome = RunHost(END_SEQUENCE_LINKED_HOST, "exit");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.events, std::string("XML starts\nmain begins\nmain ends\nhost's static objects end\n") +
-                                  endOfModule);
+    EXPECT_EQ(outcome.events,
+              std::string("XML starts\nmain begins\nmain ends\nhost's static objects end\n") + endOfModule);
 }
 
 TEST(EndSequence, WithoutAnyCallOnlyXmlStartsAndEnds) {

@@ -1,5 +1,5 @@
-// What hosts bind to: every function and object that the module has to export, as the linker's tools write it, with
-// the standard types under their short names.
+// What hosts bind to: every function and object that the module has to export, as the linker's tools write
+// it, with the standard types under their short names.
 #pragma once
 
 inline constexpr const char* exportedNames[] = {

@@ -64,13 +64,15 @@ TEST(ModuleExports, AllThatHostsBindToIsThere) {
 }
 
 TEST(ModuleExports, NothingElseLeavesTheModule) {
-    static const std::string exportedClasses[] = {"CAtlException", "CCodeParser", "CString", "IQsUtils", "IQsUtils1"};
+    static const std::string exportedClasses[] = {"CAtlException", "CCodeParser", "CString", "IQsUtils",
+                                                  "IQsUtils1"};
     const std::set<std::string> expected(std::begin(exportedNames), std::end(exportedNames));
     const auto isMember = [](const std::string& name) {
-        return std::any_of(std::begin(exportedClasses), std::end(exportedClasses), [&](const std::string& one) {
-            return name.starts_with(one + "::") || name == "vtable for " + one || name == "typeinfo for " + one ||
-                   name == "typeinfo name for " + one;
-        });
+        return std::any_of(std::begin(exportedClasses), std::end(exportedClasses),
+                           [&](const std::string& one) {
+                               return name.starts_with(one + "::") || name == "vtable for " + one ||
+                                      name == "typeinfo for " + one || name == "typeinfo name for " + one;
+                           });
     };
     const std::vector<Symbol> symbols = DefinedSymbols();
     EXPECT_FALSE(symbols.empty());

@@ -1,7 +1,6 @@
 // The module enters a process and leaves it, as often as a host likes.
-#include <malloc.h>
-
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include "tests/module/LoadedPlugin.h"
 
@@ -61,7 +60,8 @@ TEST(ModuleLife, AReloadedModuleRemembersNothing) {
     for (int cycle = 0; cycle < 3; ++cycle) {
         const LoadedPlugin plugin;
         EXPECT_TRUE(PLUGIN_FUNCTION(plugin, PluginSoftVersionIs)(u""));
-        PLUGIN_FUNCTION(plugin, PluginSetSoftVersion)(u"a version text that is too long for the object itself");
+        PLUGIN_FUNCTION(plugin, PluginSetSoftVersion)
+        (u"a version text that is too long for the object itself");
     }
 }
 

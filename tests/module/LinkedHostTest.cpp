@@ -2,9 +2,8 @@
 #include <memory>
 #include <type_traits>
 
-#include <gtest/gtest.h>
-
 #include <QsUtils/QsUtils.h>
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,11 +1,11 @@
 // The plug-in, loaded for the life of an object; its functions by name.
 #pragma once
 
-#include <dlfcn.h>
-
 #include <fstream>
 #include <stdexcept>
 #include <string>
+
+#include <dlfcn.h>
 
 #include "tests/module/Plugin.h"
 

@@ -26,12 +26,14 @@ bool CallCodePage() {
 
 bool CallNumbers() {
     double value = 0;
-    return IQsUtils::ParseToDouble(u" 12.5 ", value) && IQsUtils::DoubleToCString(value, 2, false) == u"12.50" &&
+    return IQsUtils::ParseToDouble(u" 12.5 ", value) &&
+           IQsUtils::DoubleToCString(value, 2, false) == u"12.50" &&
            IQsUtils1::IsValidRateOfTransPrice(u"免税");
 }
 
 bool CallNumerals() {
-    return IQsUtils::NumToRMBStr(12.34) == u"壹拾贰元叁角肆分" && IQsUtils::TransIntToUpper(105) == u"一百零五";
+    return IQsUtils::NumToRMBStr(12.34) == u"壹拾贰元叁角肆分" &&
+           IQsUtils::TransIntToUpper(105) == u"一百零五";
 }
 
 bool CallCodes() {
@@ -62,7 +64,8 @@ bool CallExpressions() {
 
 bool CallVariables() {
     std::list<CString> names;
-    return IQsUtils::FindVariable(u"A+B*2", names, false) && names.size() == 2 && IQsUtils::IsIncludeQ(u"Q*2");
+    return IQsUtils::FindVariable(u"A+B*2", names, false) && names.size() == 2 &&
+           IQsUtils::IsIncludeQ(u"Q*2");
 }
 
 bool CallIndicators() {
@@ -89,10 +92,17 @@ struct Service {
 };
 
 constexpr std::array services = {
-    Service{"text", CallText},           Service{"code page", CallCodePage},   Service{"numbers", CallNumbers},
-    Service{"numerals", CallNumerals},   Service{"codes", CallCodes},          Service{"order of codes", CallOrder},
-    Service{"word order", CallWordOrder}, Service{"expressions", CallExpressions},
-    Service{"variables", CallVariables}, Service{"indicators", CallIndicators}, Service{"digest", CallDigest},
+    Service{"text", CallText},
+    Service{"code page", CallCodePage},
+    Service{"numbers", CallNumbers},
+    Service{"numerals", CallNumerals},
+    Service{"codes", CallCodes},
+    Service{"order of codes", CallOrder},
+    Service{"word order", CallWordOrder},
+    Service{"expressions", CallExpressions},
+    Service{"variables", CallVariables},
+    Service{"indicators", CallIndicators},
+    Service{"digest", CallDigest},
     Service{"paths", CallPaths},
 };
 

@@ -1,5 +1,5 @@
-// What the plug-in of the host tests exports: a module as products have them, linked with the library, loaded and
-// unloaded at run time. Plain C, so that the test reaches everything by name without being linked itself.
+// What the plug-in of the host tests exports: a module as products have them, linked with the library, loaded
+// and unloaded at run time. Plain C, so that the test reaches everything by name without being linked itself.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,8 @@ extern "C" {
 /// Calls every family of functions once. Returns null, or the first call whose answer is wrong.
 const char* PluginUseEveryService();
 
-/// How many of the library's services there are, and one service called by its number, with its answer checked.
+/// How many of the library's services there are, and one service called by its number, with its answer
+/// checked.
 std::size_t PluginServiceCount();
 bool PluginCallService(std::size_t index);
 

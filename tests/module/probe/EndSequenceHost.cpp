@@ -1,5 +1,5 @@
-// A host whose events are watched. It loads the plug-in at run time, or, built with EVENT_HOST_LINKED, holds its
-// code and is linked with the library. The argument says what it does:
+// A host whose events are watched. It loads the plug-in at run time, or, built with EVENT_HOST_LINKED, holds
+// its code and is linked with the library. The argument says what it does:
 //   idle     nothing but start and end
 //   close    uses the library and unloads it before the end
 //   exit     uses the library and ends with it loaded

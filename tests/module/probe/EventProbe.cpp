@@ -1,13 +1,12 @@
 #include "tests/module/probe/EventProbe.h"
 
-#include <dlfcn.h>
-#include <unistd.h>
-
 #include <array>
 #include <cstdlib>
 #include <cstring>
 #include <new>
 
+#include <dlfcn.h>
+#include <unistd.h>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/RuntimeException.hpp>
 
@@ -110,8 +109,8 @@ void MakeXmlFail() noexcept {
 // The executable's definitions come before the library's, so the module's calls arrive here.
 XERCES_CPP_NAMESPACE_BEGIN
 
-void XMLPlatformUtils::Initialize(const char* const locale, const char* const nlsHome, PanicHandler* const panic,
-                                  MemoryManager* const memory) {
+void XMLPlatformUtils::Initialize(const char* const locale, const char* const nlsHome,
+                                  PanicHandler* const panic, MemoryManager* const memory) {
     EventProbe::Report("XML starts");
     using Function = void(const char*, const char*, PanicHandler*, MemoryManager*);
     Original(static_cast<Function*>(&XMLPlatformUtils::Initialize))(locale, nlsHome, panic, memory);
@@ -121,7 +120,7 @@ void XMLPlatformUtils::Initialize(const char* const locale, const char* const nl
 
 void XMLPlatformUtils::Terminate() {
     EventProbe::Report("XML ends");
-    Original(&XMLPlatformUtils::Terminate)();
+    Original (&XMLPlatformUtils::Terminate)();
 }
 
 XERCES_CPP_NAMESPACE_END

@@ -1,5 +1,6 @@
-// Watches what happens in a process from inside its executable: the start and the end of the XML platform, and the
-// moment at which chosen blocks of memory are freed. Each event becomes one line on standard output at once.
+// Watches what happens in a process from inside its executable: the start and the end of the XML platform,
+// and the moment at which chosen blocks of memory are freed. Each event becomes one line on standard output
+// at once.
 #pragma once
 
 #include <cstddef>
@@ -11,8 +12,8 @@ void Report(const char* event) noexcept;
 /// Reports `event` when the block is freed.
 void WatchBlock(const void* block, const char* event) noexcept;
 
-/// Between the two calls, blocks are noted as they are allocated; the second watches those that are still in use and
-/// returns how many they are.
+/// Between the two calls, blocks are noted as they are allocated; the second watches those that are still in
+/// use and returns how many they are.
 void BeginNotingBlocks() noexcept;
 std::size_t WatchNotedBlocks(const char* event) noexcept;
 
