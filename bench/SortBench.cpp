@@ -49,9 +49,10 @@ CString ItemCode(std::mt19937& random) {
 template <typename Sort>
 void Run(benchmark::State& state, CString (*make)(std::mt19937&), Sort sort) {
     const Items made = Made(make);
+    Items items;
     for (auto _ : state) {
         state.PauseTiming();
-        Items items = made;
+        items = made;
         state.ResumeTiming();
         sort(items);
     }
