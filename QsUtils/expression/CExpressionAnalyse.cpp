@@ -27,6 +27,10 @@ IExpressionNode* Parse(std::u16string_view formula, std::int32_t& error) {
 
 }  // namespace
 
+// Out of line, so that the type information of the interfaces has one home and a host's casts meet it.
+IExpressionNode::~IExpressionNode() = default;
+IExpressionAnalyse::~IExpressionAnalyse() = default;
+
 IExpressionNode* CExpressionAnalyse::AnalyseExpression(const CString& text, std::int32_t* error) {
     std::int32_t result = NoError;
     IExpressionNode* const root = Parse(text.View(), result);

@@ -31,9 +31,9 @@ enum eBracketType : std::int32_t {
 /// Trees may be changed at will. A setter of a child only stores the pointer: the old child is the caller's
 /// from then on. A child that has been deleted counts as no child, a child that several nodes hold is deleted
 /// with the last of them, and a node that was made its own descendant counts as no child there.
-class IExpressionNode {
+class QSUTILS_API IExpressionNode {
 public:
-    virtual ~IExpressionNode() = default;
+    virtual ~IExpressionNode();
     virtual IExpressionNode* GetLeftNode() = 0;
     virtual void SetLeftNode(IExpressionNode* node) = 0;
     virtual IExpressionNode* GetRightNode() = 0;
@@ -62,9 +62,9 @@ public:
 };
 
 /// Parses formulas. It has no state; any thread may call it.
-class IExpressionAnalyse {
+class QSUTILS_API IExpressionAnalyse {
 public:
-    virtual ~IExpressionAnalyse() = default;
+    virtual ~IExpressionAnalyse();
     /// Parses `text`. `*error` is always written: 0; 2, 3, 4 when the numbers of "(", "[", "{" and their
     /// closings differ; 5 when an operand is missing. The root, to be deleted by the caller, or null for an
     /// error and for an empty text. Time and memory grow linearly with the text, whatever it holds, but for
