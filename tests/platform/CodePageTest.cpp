@@ -47,7 +47,7 @@ struct Oracle {
     std::u16string Decode(const std::string& bytes) const {
         std::u16string text;
         for (std::size_t i = 0; i < bytes.size(); ++i) {
-            const auto byte = static_cast<unsigned char>(bytes[i]);
+            const unsigned byte = static_cast<unsigned char>(bytes[i]);
             if (byte < 0x80) {
                 text += static_cast<char16_t>(byte);
             } else if (byte == 0x80 || byte == 0xFF) {

@@ -11,25 +11,30 @@ namespace {
 /// Decodes into `to`, which has room for a unit a byte; gives how many units there are.
 template <typename Unit>
 std::size_t Decode(std::string_view narrow, Unit* to) {
+    if (narrow.empty())
+        return 0;
     const CodePageTables& page = CodePage936();
     Unit* const begin = to;
     const auto* from = reinterpret_cast<const unsigned char*>(narrow.data());
-    const auto* const end = from + narrow.size();
-    // While there is a byte behind, a lead byte can look at its trail byte without asking for the end.
-    while (end - from > 1) {
+    const auto* const last = from + narrow.size() - 1;
+    // Ahead of the last byte, a lead byte can look at its trail byte without asking for the end.
+    while (from < last) {
         const unsigned char byte = *from++;
         if (byte < 0x80) {
             *to++ = static_cast<Unit>(byte);
-        } else if (IsLeadByte(byte)) {
-            *to++ = static_cast<Unit>(page.pairs[byte - 0x81U][*from]);
-            // The system never takes a NUL for a trail byte.
-            if (*from != 0)
-                ++from;
+            continue;
+        }
+        const unsigned char trail = *from;
+        // The system never takes a NUL for a trail byte. A branch and not a sum of conditions, so that the
+        // next byte is fetched before this one has come.
+        if (IsLeadByte(byte) && trail != 0) [[likely]] {
+            *to++ = static_cast<Unit>(page.pairs[byte - 0x81U][trail]);
+            ++from;
         } else {
             *to++ = static_cast<Unit>(page.singles[byte]);
         }
     }
-    if (from != end)
+    if (from == last)
         *to++ = static_cast<Unit>(page.singles[*from]);
     return static_cast<std::size_t>(to - begin);
 }
@@ -39,26 +44,26 @@ template <typename Unit>
 std::size_t Encode(std::basic_string_view<Unit> wide, char* to) {
     const CodePageTables& page = CodePage936();
     char* const begin = to;
-    for (const Unit character : wide) {
-        const auto unit = static_cast<std::uint32_t>(character);
-        if (unit < 0x80) {
-            *to++ = static_cast<char>(unit);
-        } else if (unit <= 0xFFFF) {
-            const std::uint16_t code = page.encoded[unit];
+    for (const Unit each : wide) {
+        const auto character = static_cast<std::uint32_t>(each);
+        if (character < 0x80) {
+            *to++ = static_cast<char>(character);
+        } else if (character <= 0xFFFF) {
+            const std::uint16_t code = page.encoded[character];
             *to++ = static_cast<char>(code & 0xFF);
             if (code > 0xFF)
                 *to++ = static_cast<char>(code >> 8);
         } else {
             *to++ = '?';
             // A surrogate pair has two marks; what is no character at all has one.
-            if (unit <= 0x10FFFF)
+            if (character <= 0x10FFFF)
                 *to++ = '?';
         }
     }
     return static_cast<std::size_t>(to - begin);
 }
 
-/// Texts up to this length are converted on the stack: the result is then made once, in its own size.
+/// Texts up to this length are encoded on the stack: the result is then made once, in its own size.
 constexpr std::size_t ShortText = 128;
 
 template <typename Unit>
@@ -74,10 +79,6 @@ std::string EncodeAll(std::basic_string_view<Unit> wide) {
 
 template <typename Text>
 Text DecodeAll(std::string_view narrow) {
-    if (narrow.size() <= ShortText) {
-        typename Text::value_type buffer[ShortText];
-        return Text(buffer, Decode(narrow, buffer));
-    }
     Text wide(narrow.size(), 0);
     wide.resize(Decode(narrow, wide.data()));
     return wide;

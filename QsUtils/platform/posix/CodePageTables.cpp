@@ -15,6 +15,10 @@
 
 namespace QsPlatform {
 
+// All zero at first, so that the quarter of a megabyte takes no room in the file and no time at load.
+constinit CodePageTables codePageTables{};
+constinit std::atomic<bool> codePageFilled{false};
+
 namespace {
 
 constexpr char16_t Missing = u'?';
@@ -22,9 +26,6 @@ constexpr unsigned FirstTrail = 0x40;
 constexpr unsigned NoTrail = 0x7F;
 constexpr unsigned LastTrail = 0xFE;
 
-// All zero at first, so that the quarter of a megabyte takes no room in the file and no time at load.
-constinit CodePageTables tables{};
-constinit std::atomic<bool> filled{false};
 constinit std::mutex filling;
 
 struct ConverterCloser {
@@ -54,12 +55,12 @@ Converter OpenConverter() {
 }
 
 void FillAscii() {
-    tables.encoded.fill(Missing);
-    tables.singles.fill(Missing);
-    for (auto& row : tables.pairs)
+    codePageTables.encoded.fill(Missing);
+    codePageTables.singles.fill(Missing);
+    for (auto& row : codePageTables.pairs)
         row.fill(Missing);
     for (char16_t unit = 0; unit < 0x80; ++unit)
-        tables.encoded[unit] = tables.singles[unit] = unit;
+        codePageTables.encoded[unit] = codePageTables.singles[unit] = unit;
 }
 
 /// Encodes the units from `first` to `last` in one call and takes the answers apart again.
@@ -83,7 +84,7 @@ void FillEncoded(UConverter* converter, unsigned first, unsigned last) {
         const unsigned byte = byteAt(at++);
         const unsigned trail = IsLeadByte(static_cast<unsigned char>(byte)) ? byteAt(at++) : 0U;
         // ICU falls back to controls for the half-width arrows; Windows never makes a control of a sign.
-        tables.encoded[unit] =
+        codePageTables.encoded[unit] =
             byte < u' ' ? std::uint16_t{Missing} : static_cast<std::uint16_t>(byte | trail << 8);
     }
 }
@@ -101,13 +102,13 @@ void FillDecoded(UConverter* converter) {
     for (unsigned byte = 0x80; byte <= 0xFF; ++byte) {
         const char single = static_cast<char>(byte);
         if (!IsLeadByte(static_cast<unsigned char>(byte))) {
-            tables.singles[byte] = Decode(converter, {&single, 1});
+            codePageTables.singles[byte] = Decode(converter, {&single, 1});
             continue;
         }
         for (unsigned trail = FirstTrail; trail <= LastTrail; ++trail) {
             const char pair[] = {single, static_cast<char>(trail)};
             if (trail != NoTrail)
-                tables.pairs[byte - 0x81][trail] = Decode(converter, {pair, 2});
+                codePageTables.pairs[byte - 0x81][trail] = Decode(converter, {pair, 2});
         }
     }
 }
@@ -126,15 +127,13 @@ void Fill() {
 
 }  // namespace
 
-const CodePageTables& CodePage936() {
-    if (!filled.load(std::memory_order_acquire)) {
-        const std::lock_guard lock(filling);
-        if (!filled.load(std::memory_order_relaxed)) {
-            Fill();
-            filled.store(true, std::memory_order_release);
-        }
+const CodePageTables& FillCodePage() {
+    const std::lock_guard lock(filling);
+    if (!codePageFilled.load(std::memory_order_relaxed)) {
+        Fill();
+        codePageFilled.store(true, std::memory_order_release);
     }
-    return tables;
+    return codePageTables;
 }
 
 }  // namespace QsPlatform

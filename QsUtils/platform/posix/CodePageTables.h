@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 
@@ -18,7 +19,14 @@ struct CodePageTables {
     std::array<char16_t, 0x100> singles;
 };
 
+/// Whether the tables are filled. Use `CodePage936` instead of these two.
+extern constinit std::atomic<bool> codePageFilled;
+const CodePageTables& FillCodePage();
+extern constinit CodePageTables codePageTables;
+
 /// The tables, made by whichever thread asks first. Where ICU has no such converter, only ASCII is mapped.
-const CodePageTables& CodePage936();
+inline const CodePageTables& CodePage936() {
+    return codePageFilled.load(std::memory_order_acquire) ? codePageTables : FillCodePage();
+}
 
 }  // namespace QsPlatform
