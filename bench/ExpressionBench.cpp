@@ -39,7 +39,7 @@ void ParseCalcOurs(benchmark::State& state) {
         for (const CString& formula : formulas)
             benchmark::DoNotOptimize(Parse(formula)->CalcValue());
 }
-BENCHMARK(ParseCalcOurs)->Name("Expression/ParseCalc/ours");
+BENCHMARK(ParseCalcOurs)->Name("Expression/ParseAndCalculate/ours");
 
 void ParseCalcPlain(benchmark::State& state) {
     std::vector<std::u16string> formulas;
@@ -53,7 +53,7 @@ void ParseCalcPlain(benchmark::State& state) {
         }
     }
 }
-BENCHMARK(ParseCalcPlain)->Name("Expression/ParseCalc/plain");
+BENCHMARK(ParseCalcPlain)->Name("Expression/ParseAndCalculate/plain");
 
 /// muParser knows one kind of bracket and no "%".
 std::string ForMuParser(std::string formula) {
@@ -76,7 +76,7 @@ void ParseCalcMuParser(benchmark::State& state) {
         }
     }
 }
-BENCHMARK(ParseCalcMuParser)->Name("Expression/ParseCalc/muparser");
+BENCHMARK(ParseCalcMuParser)->Name("Expression/ParseAndCalculate/muparser");
 
 constexpr char BoundFormula[] = "(45.24+0.24)*(x+0.24)*0.65+3.6*3.0*4+1.5";
 const char* const BoundValues[] = {"15.84", "7.2", "128.355", "0.6"};
@@ -108,7 +108,7 @@ void RebindOurs(benchmark::State& state) {
         }
     }
 }
-BENCHMARK(RebindOurs)->Name("Expression/Rebind/ours");
+BENCHMARK(RebindOurs)->Name("Expression/Recalculate/ours");
 
 void RebindMuParser(benchmark::State& state) {
     mu::Parser parser;
@@ -122,7 +122,7 @@ void RebindMuParser(benchmark::State& state) {
         }
     }
 }
-BENCHMARK(RebindMuParser)->Name("Expression/Rebind/muparser");
+BENCHMARK(RebindMuParser)->Name("Expression/Recalculate/muparser");
 
 std::u16string Sum(std::size_t terms) {
     std::u16string formula = u"1.5";
@@ -169,21 +169,30 @@ std::u16string Functions(std::size_t terms) {
 
 using Make = std::u16string (*)(std::size_t);
 
-/// The time for each term, so that a long formula can be read against a short one.
-void Terms(benchmark::State& state, Make make) {
-    const auto terms = static_cast<std::size_t>(state.range(0));
+/// Counts terms, so that the time for one in a long formula is read against that in a short one.
+void Terms(benchmark::State& state, Make make, std::size_t terms) {
     const CString formula(make(terms));
     for (auto _ : state)
         benchmark::DoNotOptimize(Parse(formula)->CalcValue());
-    state.counters["per_term"] =
-        benchmark::Counter(static_cast<double>(terms),
-                           benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(terms));
 }
-BENCHMARK_CAPTURE(Terms, sum, Sum)->Name("Expression/Sum")->Arg(10000)->Arg(1000000);
-BENCHMARK_CAPTURE(Terms, product, Product)->Name("Expression/Product")->Arg(10000)->Arg(1000000);
-BENCHMARK_CAPTURE(Terms, groups, Groups)->Name("Expression/Groups")->Arg(10000)->Arg(1000000);
-BENCHMARK_CAPTURE(Terms, left, NestedLeft)->Name("Expression/NestedLeft")->Arg(10000)->Arg(1000000);
-BENCHMARK_CAPTURE(Terms, right, NestedRight)->Name("Expression/NestedRight")->Arg(10000)->Arg(1000000);
-BENCHMARK_CAPTURE(Terms, functions, Functions)->Name("Expression/Functions")->Arg(10000)->Arg(1000000);
+
+void RegisterTerms(const std::string& operation, Make make) {
+    constexpr std::size_t Long = 1000000;
+    constexpr std::size_t Short = 10000;
+    const std::string name = "Expression/" + operation;
+    benchmark::RegisterBenchmark((name + "/ours").c_str(), Terms, make, Long);
+    benchmark::RegisterBenchmark((name + "/short").c_str(), Terms, make, Short);
+}
+
+const bool registered = [] {
+    RegisterTerms("SumTerms", Sum);
+    RegisterTerms("ProductTerms", Product);
+    RegisterTerms("GroupTerms", Groups);
+    RegisterTerms("NestedTerms", NestedLeft);
+    RegisterTerms("RightNestedTerms", NestedRight);
+    RegisterTerms("FunctionTerms", Functions);
+    return true;
+}();
 
 }  // namespace

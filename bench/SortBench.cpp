@@ -69,27 +69,31 @@ void SortWithIcu(Items& items) {
 }
 
 BENCHMARK_CAPTURE(Run, de, QuotaCode, IQsUtils::SortDeItemCodes)
-    ->Name("Sort/De/ours")
+    ->Name("Codes/SortDeItemCodes/ours")
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Run, dePlain, QuotaCode, PlainCodes::SortDe)
-    ->Name("Sort/De/plain")
+    ->Name("Codes/SortDeItemCodes/plain")
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Run, deIcu, QuotaCode, SortWithIcu)->Name("Sort/De/icu")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Run, deIcu, QuotaCode, SortWithIcu)
+    ->Name("Codes/SortDeItemCodes/icu")
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Run, qd, BillCode, IQsUtils::SortQdItemCodes)
-    ->Name("Sort/Qd/ours")
+    ->Name("Codes/SortQdItemCodes/ours")
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Run, qdPlain, BillCode, PlainCodes::SortQd)
-    ->Name("Sort/Qd/plain")
+    ->Name("Codes/SortQdItemCodes/plain")
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Run, qdIcu, BillCode, SortWithIcu)->Name("Sort/Qd/icu")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Run, qdIcu, BillCode, SortWithIcu)
+    ->Name("Codes/SortQdItemCodes/icu")
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Run, items, ItemCode, IQsUtils::SortItemCodes)
-    ->Name("Sort/Items/ours")
+    ->Name("Codes/SortItemCodes/ours")
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Run, itemsPlain, ItemCode, PlainCodes::SortItems)
-    ->Name("Sort/Items/plain")
+    ->Name("Codes/SortItemCodes/plain")
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Run, itemsIcu, ItemCode, SortWithIcu)
-    ->Name("Sort/Items/icu")
+    ->Name("Codes/SortItemCodes/icu")
     ->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -30,8 +30,8 @@ TEST(ModuleLife, EveryServiceAnswersAndTheModuleLeaves) {
 }
 
 TEST(ModuleLife, AHundredLoadsLeaveNothingBehind) {
-    // The first loads fill what stays: the code page libraries, and the loader's tables, which grow for a while
-    // with whatever library is loaded.
+    // The first loads fill what stays: the code page libraries, and the loader's tables, which grow for a
+    // while with whatever library is loaded.
     for (int cycle = 0; cycle < 120 && !HasFatalFailure(); ++cycle)
         LoadUseAndUnload();
     const std::size_t bytesBefore = mallinfo2().uordblks;
