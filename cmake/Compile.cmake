@@ -30,6 +30,6 @@ endif()
 
 option(QSUTILS_COVERAGE "Count executed lines" OFF)
 if(QSUTILS_COVERAGE)
-    add_compile_options(--coverage -fprofile-update=atomic)
+    add_compile_options(--coverage)
     add_link_options(--coverage)
 endif()
