@@ -12,11 +12,10 @@ namespace {
 
 /// The text of a digest, as `GetStreamMD5` gives it.
 CString Hexadecimal(const unsigned char* digest, unsigned size) {
-    std::u16string text;
-    text.reserve(32);
+    std::u16string text(2 * std::size_t{size}, u'\0');
     for (unsigned i = 0; i < size; ++i) {
-        text += u"0123456789abcdef"[digest[i] >> 4];
-        text += u"0123456789abcdef"[digest[i] & 0x0F];
+        text[2 * i] = u"0123456789abcdef"[digest[i] >> 4];
+        text[2 * i + 1] = u"0123456789abcdef"[digest[i] & 0x0F];
     }
     return CString(std::move(text));
 }

@@ -1,7 +1,10 @@
 #include "QsUtils/material/MaterialDigest.h"
 
+#include <array>
+#include <cstring>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "QsUtils/material/Md5.h"
 
@@ -13,13 +16,21 @@ void Add(Md5& digest, std::u16string_view text) {
     digest.Update(text.data(), text.size() * sizeof(char16_t));
 }
 
+/// Both digits of every byte, because a digest of a short text takes little longer than its sixteen bytes.
+constexpr std::array<std::array<char16_t, 2>, 0x100> MakeDigits() {
+    constexpr std::u16string_view Digits = u"0123456789abcdef";
+    std::array<std::array<char16_t, 2>, 0x100> pairs{};
+    for (std::size_t byte = 0; byte < pairs.size(); ++byte)
+        pairs[byte] = {Digits[byte >> 4], Digits[byte & 0x0F]};
+    return pairs;
+}
+
+constexpr std::array<std::array<char16_t, 2>, 0x100> HexadecimalDigits = MakeDigits();
+
 CString Hexadecimal(const Md5::Digest& digest) {
-    constexpr const char16_t* Digits = u"0123456789abcdef";
     std::u16string text(digest.size() * 2, u'\0');
-    for (std::size_t i = 0; i < digest.size(); ++i) {
-        text[2 * i] = Digits[digest[i] >> 4];
-        text[2 * i + 1] = Digits[digest[i] & 0x0F];
-    }
+    for (std::size_t i = 0; i < digest.size(); ++i)
+        std::memcpy(&text[2 * i], HexadecimalDigits[digest[i]].data(), sizeof HexadecimalDigits[0]);
     return CString(std::move(text));
 }
 
