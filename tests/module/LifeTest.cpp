@@ -40,8 +40,8 @@ TEST(ModuleLife, AHundredLoadsLeaveNothingBehind) {
         LoadUseAndUnload();
     if (!memoryIsPlain)
         return;
-    // Less than a pointer a load would be no proof of a leak; a lost object shows as at least sixteen bytes.
-    EXPECT_LT(mallinfo2().uordblks, bytesBefore + 100 * 16);
+    // The loader's own tables grow by some bytes a load; a lost object shows as 32, the allocator's least.
+    EXPECT_LT(mallinfo2().uordblks, bytesBefore + 100 * 32);
     EXPECT_LE(MappingsOf(""), mappingsBefore + 2);
 }
 
