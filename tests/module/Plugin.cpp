@@ -83,7 +83,7 @@ bool CallDigest() {
 }
 
 bool CallPaths() {
-    return ToNativePath(FromNativePath("/opt/app")) == "/opt/app";
+    return FromNativePath(ToNativePath(u"\\opt\\app")) == u"\\opt\\app";
 }
 
 struct Service {
@@ -108,7 +108,7 @@ constexpr std::array services = {
 
 }  // namespace
 
-#define PLUGIN_EXPORT extern "C" __attribute__((visibility("default")))
+#define PLUGIN_EXPORT extern "C" TEST_EXPORT
 
 PLUGIN_EXPORT const char* PluginUseEveryService() {
     for (const Service& service : services) {
