@@ -3,10 +3,10 @@
 #include <cstdio>
 #include <memory>
 
+#include <windows.h>
 #include <fcntl.h>
 #include <io.h>
 #include <shellapi.h>
-#include <windows.h>
 
 namespace Estimate {
 namespace {

@@ -3,8 +3,8 @@
 #include <cstdlib>
 #include <memory>
 
-#include <cxxabi.h>
 #include <windows.h>
+#include <cxxabi.h>
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "tests/support/SharedModule.h"
 
+#include <windows.h>
 #include <malloc.h>
 #include <psapi.h>
-#include <windows.h>
 
 SharedModule::SharedModule(const std::filesystem::path& path) : m_handle(::LoadLibraryW(path.c_str())) {
     if (m_handle == nullptr)
