@@ -85,13 +85,25 @@ run_thread_tests() {
     launcher=()
 }
 
+# is_priced_alike FORM: byte for byte, by the two builds that the test stages have made.
+is_priced_alike() {
+    local form=$1 options=("$root/samples/bill.csv" --vars "$root/samples/variables.csv")
+    [[ $form == text ]] || options+=("--$form")
+    cmp <("$root/build/release/hosts/estimate/estimate" price "${options[@]}") \
+        <("$root/scripts/under-wine" "$root/build/windows/bin/estimate.exe" price "${options[@]}")
+}
+
 run_windows_tests() {
+    local form
     if ! prepare_windows; then
         say "What the Windows build needs can't be had."
         failed=1
         return
     fi
     run_tests windows
+    for form in text json csv; do
+        check "the sample is priced alike on both systems, as $form" is_priced_alike "$form"
+    done
     stop_wine
 }
 
@@ -155,7 +167,7 @@ check_tidy() {
 }
 
 check_scripts() {
-    (cd "$root" && shellcheck -x run.sh test.sh .ci/run scripts/*.sh)
+    (cd "$root" && shellcheck -x run.sh test.sh .ci/run scripts/*.sh scripts/under-wine)
 }
 
 run_lint() {
