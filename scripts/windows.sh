@@ -103,12 +103,11 @@ prepare_windows_dependencies() {
     mkdir -p "$root/build" && ln -sfn "$target" "$root/build/windows-dependencies"
 }
 
-# What a Windows program runs in: a prefix and a Chinese locale of its own, no screen, and no questions about
-# components that it doesn't use.
-use_wine() {
-    export WINEPREFIX=$windows_cache/wine LOCPATH=$windows_cache/locale LC_ALL=zh_CN.UTF-8
-    export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
-    unset DISPLAY
+# in_wine COMMAND...: with a prefix and a Chinese locale of its own, no screen, and no questions about components that
+# it doesn't use.
+in_wine() {
+    env -u DISPLAY WINEPREFIX="$windows_cache/wine" LOCPATH="$windows_cache/locale" LC_ALL=zh_CN.UTF-8 \
+        WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" "$@"
 }
 
 prepare_wine() {
@@ -120,7 +119,7 @@ prepare_wine() {
     [[ -e $windows_cache/wine.ready ]] && return
     say "Making a Wine prefix in $windows_cache/wine"
     rm -rf "$windows_cache/wine"
-    (use_wine && wineboot --init >/dev/null 2>&1 </dev/null && wineserver --wait) &&
+    in_wine wineboot --init >/dev/null 2>&1 </dev/null && in_wine wineserver --wait &&
         touch "$windows_cache/wine.ready"
 }
 
@@ -130,5 +129,5 @@ prepare_windows() {
 
 # Ends what Wine keeps running for the programs to come.
 stop_wine() {
-    (use_wine && wineserver --kill)
+    in_wine wineserver --kill
 }
