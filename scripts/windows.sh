@@ -118,6 +118,7 @@ prepare_wine() {
     fi
     [[ -e $windows_cache/wine.ready ]] && return
     say "Making a Wine prefix in $windows_cache/wine"
+    [[ ! -d $windows_cache/wine ]] || stop_wine
     rm -rf "$windows_cache/wine"
     in_wine wineboot --init >/dev/null 2>&1 </dev/null && in_wine wineserver --wait &&
         touch "$windows_cache/wine.ready"
@@ -129,5 +130,5 @@ prepare_windows() {
 
 # Ends what Wine keeps running for the programs to come.
 stop_wine() {
-    in_wine wineserver --kill
+    in_wine wineserver --kill || true
 }
