@@ -7,6 +7,17 @@
 #include "QsUtils/frame/Services.h"
 #include "QsUtils/xml/XmlPlatform.h"
 
+namespace {
+
+// Whoever asks for a table gets it filled.
+struct LoadedMajors final : QsCodes::CConvertMajorAndCode {
+    LoadedMajors() { Load(FilePath()); }
+};
+
+constinit QsFrame::ServiceHolder<LoadedMajors> theMajors;
+
+}  // namespace
+
 CString IQsUtils::m_strSoftVersion;
 
 namespace {
@@ -46,6 +57,10 @@ IExpressionAnalyse* GetExpressionAnalyser() {
 }  // namespace ExpressionAnalyse
 
 namespace QsFrame {
+
+QsCodes::CConvertMajorAndCode& Majors() {
+    return theMajors.Get();
+}
 
 COprateString& FormulaVariables() {
     return theFormulaVariables.Get();

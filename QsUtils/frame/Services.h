@@ -2,9 +2,13 @@
 // load and the end of the module.
 #pragma once
 
+#include "QsUtils/codes/CConvertMajorAndCode.h"
 #include "QsUtils/expression/COprateString.h"
 
 namespace QsFrame {
+
+/// The majors and their codes, loaded at the first call; they die with the static objects.
+QsCodes::CConvertMajorAndCode& Majors();
 
 /// The scanner of formula variables; it dies with the static objects.
 COprateString& FormulaVariables();

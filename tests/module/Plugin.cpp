@@ -82,6 +82,17 @@ bool CallDigest() {
            IQsUtils1::GenerateMaterialMD5(&key).GetLength() == 32;
 }
 
+// There is no file of majors beside the hosts of these tests.
+bool CallMajors() {
+    CString code = u"overwritten";
+    CString name = u"overwritten";
+    CStringArray names;
+    IQsUtils::GetMajorCodeByName(u"建筑工程", code);
+    IQsUtils::GetMajorByCode(u"T", name);
+    IQsUtils::GetAllMajorName(names);
+    return code.IsEmpty() && name.IsEmpty() && names.IsEmpty();
+}
+
 bool CallPaths() {
     return ToNativePath(FromNativePath("/opt/app")) == "/opt/app";
 }
@@ -103,6 +114,7 @@ constexpr std::array services = {
     Service{"variables", CallVariables},
     Service{"indicators", CallIndicators},
     Service{"digest", CallDigest},
+    Service{"majors", CallMajors},
     Service{"paths", CallPaths},
 };
 
