@@ -5,6 +5,7 @@
 #include "QsUtils/frame/IQsUtils.h"
 #include "QsUtils/frame/LazyService.h"
 #include "QsUtils/frame/Services.h"
+#include "QsUtils/xml/ToolTable.h"
 #include "QsUtils/xml/XmlPlatform.h"
 
 namespace {
@@ -23,6 +24,7 @@ CString IQsUtils::m_strSoftVersion;
 namespace {
 
 CQsUtilsApp theApp;
+QsXml::ToolTable theXmlTools;
 constinit QsFrame::ServiceHolder<COprateString> theFormulaVariables;
 
 // Ended by the end sequence, not by their own destructors.
@@ -38,12 +40,14 @@ const struct ModuleStart {
 }  // namespace
 
 bool CQsUtilsApp::InitInstance() {
+    theXmlTools.Clear();
     QsXml::StartXmlPlatform();
     return true;
 }
 
 int CQsUtilsApp::ExitInstance() {
     theExpressionAnalyser.Destroy();
+    theXmlTools.Clear();  // tools hold objects of the platform
     QsXml::EndXmlPlatform();
     return 0;
 }
@@ -55,6 +59,14 @@ IExpressionAnalyse* GetExpressionAnalyser() {
 }
 
 }  // namespace ExpressionAnalyse
+
+namespace QsXml {
+
+ToolTable& Tools() {
+    return theXmlTools;
+}
+
+}  // namespace QsXml
 
 namespace QsFrame {
 

@@ -1,0 +1,65 @@
+#include "QsUtils/xml/ToolTable.h"
+
+namespace QsXml {
+
+namespace {
+
+// Beside the table and not in it: a table that was cleared goes on counting.
+std::int32_t nextId = 1001;
+
+/// A tool that goes with its scope, whatever is raised.
+class ScopedTool {
+public:
+    ScopedTool() : m_tool(Tools().Add()) {}
+    ~ScopedTool() { Tools().Remove(&m_tool); }
+    ScopedTool(const ScopedTool&) = delete;
+    ScopedTool& operator=(const ScopedTool&) = delete;
+
+    CXmlAccessTool* operator->() noexcept { return &m_tool; }
+
+private:
+    CXmlAccessTool& m_tool;
+};
+
+}  // namespace
+
+CXmlAccessTool& ToolTable::Add() {
+    auto tool = std::make_unique<CXmlAccessTool>(nextId);
+    CXmlAccessTool& place = *tool;
+    m_tools.emplace(nextId, std::move(tool));
+    ++nextId;
+    return place;
+}
+
+void ToolTable::Remove(NS_XMLACCESS::IXmlAccessTool* tool) {
+    const auto* const own = dynamic_cast<CXmlAccessTool*>(tool);
+    if (own == nullptr)
+        return;
+    const auto found = m_tools.find(own->Id());
+    if (found != m_tools.end() && found->second.get() == own)
+        m_tools.erase(found);
+}
+
+void ToolTable::Clear() {
+    for (auto& [id, tool] : m_tools)
+        tool.reset();
+    m_tools.clear();
+}
+
+}  // namespace QsXml
+
+NS_XMLACCESS::IXmlAccessTool* GetXmlAccessTool() {
+    return &QsXml::Tools().Add();
+}
+
+void RemoveXmlAccessTool(NS_XMLACCESS::IXmlAccessTool* tool) {
+    QsXml::Tools().Remove(tool);
+}
+
+XMLNode* LoadXMLNode(const std::wstring& path) {
+    return QsXml::ScopedTool()->LoadXMLNode(path);
+}
+
+bool SaveXMLNode(XMLNode* root, const std::wstring& path, const bool& prettyPrint) {
+    return QsXml::ScopedTool()->SaveXMLNode(root, path, prettyPrint);
+}

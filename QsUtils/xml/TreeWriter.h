@@ -1,0 +1,19 @@
+// From a tree of records to the bytes of a document.
+#pragma once
+
+#include <string>
+
+#include "QsUtils/xml/XMLNode.h"
+
+namespace QsXml {
+
+/// Writes a tree to the file at `path` in UTF-8, byte for byte as the DOM serializer writes the document that
+/// has this tree's elements, attributes and texts, but without a DOM and without recursion. A text ends at
+/// its first NUL; null children are skipped. With `prettyPrint` the indentation stops growing at level 256,
+/// or a deep tree would fill the disk with blanks.
+///
+/// Raises `xercesc::DOMException` for an impossible name, its `DOMLSException` for a character that XML
+/// lacks, and what `FileTarget` raises. The file then stays as it was.
+void WriteTree(const XMLNode& root, const std::wstring& path, bool prettyPrint);
+
+}  // namespace QsXml
