@@ -15,6 +15,10 @@ struct LoadedMajors final : QsCodes::CConvertMajorAndCode {
     LoadedMajors() { Load(FilePath()); }
 };
 
+struct LoadedUnitDecimals final : QsUnits::CUnitMantissa {
+    LoadedUnitDecimals() { Load(FilePath()); }
+};
+
 constinit QsFrame::ServiceHolder<LoadedMajors> theMajors;
 
 }  // namespace
@@ -26,6 +30,7 @@ namespace {
 CQsUtilsApp theApp;
 QsXml::ToolTable theXmlTools;
 constinit QsFrame::ServiceHolder<COprateString> theFormulaVariables;
+constinit QsFrame::ServiceHolder<LoadedUnitDecimals> theUnitDecimals;
 
 // Ended by the end sequence, not by their own destructors.
 constinit QsFrame::LazyService<ExpressionAnalyse::CExpressionAnalyse> theExpressionAnalyser;
@@ -76,6 +81,10 @@ QsCodes::CConvertMajorAndCode& Majors() {
 
 COprateString& FormulaVariables() {
     return theFormulaVariables.Get();
+}
+
+QsUnits::CUnitMantissa& UnitDecimals() {
+    return theUnitDecimals.Get();
 }
 
 }  // namespace QsFrame

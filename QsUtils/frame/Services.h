@@ -4,6 +4,7 @@
 
 #include "QsUtils/codes/CConvertMajorAndCode.h"
 #include "QsUtils/expression/COprateString.h"
+#include "QsUtils/units/CUnitMantissa.h"
 
 namespace QsFrame {
 
@@ -12,5 +13,8 @@ QsCodes::CConvertMajorAndCode& Majors();
 
 /// The scanner of formula variables; it dies with the static objects.
 COprateString& FormulaVariables();
+
+/// The decimals of units, loaded at the first call; they die with the static objects.
+QsUnits::CUnitMantissa& UnitDecimals();
 
 }  // namespace QsFrame

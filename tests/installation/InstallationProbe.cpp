@@ -3,6 +3,7 @@
 //   code NAME      the code of a major
 //   major CODE     the major of a code
 //   majors FIRST   all names of majors, appended to an array that holds FIRST, joined by "|"
+//   decimals UNIT  the decimals of a unit
 //   write NAME T   writes a file beside the program, its bytes being the units of T; no answer
 #include <cstdio>
 #include <exception>
@@ -69,6 +70,8 @@ bool Do(const CString& command, const std::filesystem::path& program, Arguments&
         Answer(MajorOf(arguments.Next()));
     } else if (command == u"majors") {
         Answer(AllMajors(arguments.Next()));
+    } else if (command == u"decimals") {
+        Answer(IQsUtils::DoubleToCString(IQsUtils1::GetUnitMantissa(arguments.Next()), 0, false));
     } else if (command == u"write") {
         const CString name = arguments.Next();
         WriteBeside(program, name, arguments.Next());

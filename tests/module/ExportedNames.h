@@ -32,6 +32,7 @@ inline constexpr const char* exportedNames[] = {
     "IQsUtils1::GetFormatedRateOfTransPrice(CString const&)",
     "IQsUtils1::GetIndicatorsFactor(CString const&, CString const&, double&)",
     "IQsUtils1::GetIndicatorsUnit(CString const&, CString&)",
+    "IQsUtils1::GetUnitMantissa(CString const&)",
     "IQsUtils1::IQsUtils1()",
     "IQsUtils1::IQsUtils1(IQsUtils1 const&)",
     "IQsUtils1::IsValidRateOfTransPrice(CString const&)",

@@ -82,7 +82,7 @@ bool CallDigest() {
            IQsUtils1::GenerateMaterialMD5(&key).GetLength() == 32;
 }
 
-// There is no file of majors beside the hosts of these tests.
+// Beside the hosts of these tests stand no files, neither of majors nor of units.
 bool CallMajors() {
     CString code = u"overwritten";
     CString name = u"overwritten";
@@ -91,6 +91,10 @@ bool CallMajors() {
     IQsUtils::GetMajorByCode(u"T", name);
     IQsUtils::GetAllMajorName(names);
     return code.IsEmpty() && name.IsEmpty() && names.IsEmpty();
+}
+
+bool CallUnitDecimals() {
+    return IQsUtils1::GetUnitMantissa(u"t") == 2 && IQsUtils1::GetUnitMantissa(u"") == 2;
 }
 
 bool CallPaths() {
@@ -115,6 +119,7 @@ constexpr std::array services = {
     Service{"indicators", CallIndicators},
     Service{"digest", CallDigest},
     Service{"majors", CallMajors},
+    Service{"unit decimals", CallUnitDecimals},
     Service{"paths", CallPaths},
 };
 
