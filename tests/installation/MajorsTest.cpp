@@ -8,9 +8,9 @@
 
 #include "QsUtils/platform/CodePage.h"
 
-#include "tests/installation/Installation.h"
+#include "tests/installation/ProbedInstallation.h"
 
-using Answers = Installation::Answers;
+using Answers = ProbedInstallation::Answers;
 
 namespace {
 
@@ -21,19 +21,19 @@ std::string Gbk(std::u16string_view text) {
 }
 
 TEST(Majors, WithoutAFileThereAreNone) {
-    const Installation installation;
+    const ProbedInstallation installation;
     EXPECT_EQ(installation.Ask({u"majors", u"first", u"code", u"建筑工程", u"major", u"T"}),
               (Answers{u"first", u"", u""}));
 }
 
 TEST(Majors, AnEmptyKeyGivesAnEmptyText) {
-    const Installation installation;
+    const ProbedInstallation installation;
     installation.Write(File, "[MajorToCode]\r\n=x\r\n[CodeToMajor]\r\n=y\r\n");
     EXPECT_EQ(installation.Ask({u"code", u"", u"major", u""}), (Answers{u"", u""}));
 }
 
 TEST(Majors, NamesAndCodes) {
-    const Installation installation;
+    const ProbedInstallation installation;
     installation.Write(
         File, Gbk(u"[MajorToCode]\r\n建筑工程=T\r\n安装工程=A\r\n[CodeToMajor]\r\nT=土建\r\n通=清单\r\n"));
     EXPECT_EQ(installation.Ask({u"code", u"建筑工程", u"code", u"安装工程", u"code", u"市政工程", u"major",
@@ -42,32 +42,32 @@ TEST(Majors, NamesAndCodes) {
 }
 
 TEST(Majors, AFileWithNamesAloneDoesntTellTheMajorOfACode) {
-    const Installation installation;
+    const ProbedInstallation installation;
     installation.Write(File, Gbk(u"[MajorToCode]\r\n建筑工程=T\r\n"));
     EXPECT_EQ(installation.Ask({u"major", u"T", u"code", u"建筑工程"}), (Answers{u"", u"T"}));
 }
 
 TEST(Majors, FurtherNamesAreFoundButNotListed) {
-    const Installation installation;
+    const ProbedInstallation installation;
     installation.Write(File, Gbk(u"[MajorToCode]\r\n其他工程=QT\r\n建筑工程=T\r\n"));
     EXPECT_EQ(installation.Ask({u"code", u"其他工程", u"majors", u"first"}),
               (Answers{u"QT", u"first|建筑工程"}));
 }
 
 TEST(Majors, FurtherCodesAreLookedUpAmongTheNames) {
-    const Installation installation;
+    const ProbedInstallation installation;
     installation.Write(File, "[CodeToMajor]\r\nQT=one\r\nXX=two\r\n[MajorToCode]\r\nQT=three\r\n");
     EXPECT_EQ(installation.Ask({u"major", u"QT", u"major", u"XX"}), (Answers{u"three", u""}));
 }
 
 TEST(Majors, ACodeThatHasNoMajorIsLookedUpAmongTheNames) {
-    const Installation installation;
+    const ProbedInstallation installation;
     installation.Write(File, "[CodeToMajor]\r\nT=\r\n[MajorToCode]\r\nT=among names\r\n");
     EXPECT_EQ(installation.Ask({u"major", u"T"}), (Answers{u"among names"}));
 }
 
 TEST(Majors, LookupsInTheMapsKnowCaseAndLookupsInTheFileDont) {
-    const Installation installation;
+    const ProbedInstallation installation;
     installation.Write(File, "[CodeToMajor]\r\nt=civil\r\n[MajorToCode]\r\nt=x\r\nqt=y\r\n");
     // The load finds "t" for the code "T"; "t" isn't in the map and is looked up among the names.
     EXPECT_EQ(installation.Ask({u"major", u"T", u"major", u"t", u"code", u"QT"}),
@@ -75,7 +75,7 @@ TEST(Majors, LookupsInTheMapsKnowCaseAndLookupsInTheFileDont) {
 }
 
 TEST(Majors, ValuesAreCutToTheBuffers) {
-    const Installation installation;
+    const ProbedInstallation installation;
     const std::string line(300, 'x');
     installation.Write(File, Gbk(u"[MajorToCode]\r\n建筑工程=") + line + Gbk(u"\r\n其他工程=") + line +
                                  Gbk(u"\r\n安装工程=") + std::string(127, 'y') +
@@ -87,7 +87,7 @@ TEST(Majors, ValuesAreCutToTheBuffers) {
 }
 
 TEST(Majors, ChangesReachOnlyWhatIsNotLoaded) {
-    const Installation installation;
+    const ProbedInstallation installation;
     installation.Write(File, "[CodeToMajor]\r\nT=old\r\n");
     EXPECT_EQ(installation.Ask({u"major", u"T", u"major", u"X", u"write", u"MajorCode.ini",
                                 u"[CodeToMajor]\r\nT=new\r\nA=new\r\n[MajorToCode]\r\nX=new\r\nA=by name\r\n",
@@ -97,27 +97,27 @@ TEST(Majors, ChangesReachOnlyWhatIsNotLoaded) {
 }
 
 TEST(Majors, TheOtherEncodings) {
-    const Installation installation;
+    const ProbedInstallation installation;
     installation.Write(File,
                        "\xEF\xBB\xBF[majortocode]\n\xE5\xBB\xBA\xE7\xAD\x91\xE5\xB7\xA5\xE7\xA8\x8B=T\n");
     EXPECT_EQ(installation.Ask({u"code", u"建筑工程"}), (Answers{u"T"}));
 }
 
 TEST(Majors, FoldersMayHaveAnyName) {
-    const Installation installation("造价 100%/计价软件 #1");
+    const ProbedInstallation installation("造价 100%/计价软件 #1");
     installation.Write(File, "[CodeToMajor]\r\nT=x\r\n");
     EXPECT_EQ(installation.Ask({u"major", u"T"}), (Answers{u"x"}));
 }
 
 TEST(Majors, AnInstallationBelowALongPathHasNoFiles) {
     const std::string part(90, 'p');
-    const Installation installation(part + "/" + part + "/" + part);
+    const ProbedInstallation installation(part + "/" + part + "/" + part);
     installation.Write(File, "[CodeToMajor]\r\nT=x\r\n");
     EXPECT_EQ(installation.Ask({u"major", u"T"}), (Answers{u""}));
 }
 
 TEST(Majors, TheSampleIsComplete) {
-    const Installation installation;
+    const ProbedInstallation installation;
     installation.CopySample(File);
     EXPECT_EQ(installation.Ask({u"code", u"建筑工程", u"code", u"建筑装饰", u"code", u"建筑装饰工程", u"code",
                                 u"建筑与装饰工程", u"code", u"爆破工程", u"code", u"通用措施清单"}),
@@ -139,7 +139,7 @@ constexpr const char16_t* Codes[] = {u"T",  u"A",  u"TZ", u"Z",  u"S",  u"Y",  u
 
 /// The file is emptied after the first question, so that what comes back later was loaded with it.
 TEST(Majors, EveryNameAndEveryCodeIsLoaded) {
-    const Installation installation;
+    const ProbedInstallation installation;
     std::u16string file = u"[MajorToCode]\r\n";
     for (const char16_t* name : Names)
         file += std::u16string(name) + u"=code of " + name + u"\r\n";
@@ -163,7 +163,7 @@ TEST(Majors, EveryNameAndEveryCodeIsLoaded) {
 }
 
 TEST(Majors, NamesAreListedByTheirUnits) {
-    const Installation installation;
+    const ProbedInstallation installation;
     installation.CopySample(File);
     std::vector<std::u16string> names(std::begin(Names), std::end(Names));
     std::sort(names.begin(), names.end());

@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/installation/Installation.h"
+#include "tests/installation/ProbedInstallation.h"
 
-using Answers = Installation::Answers;
+using Answers = ProbedInstallation::Answers;
 
 namespace {
 
@@ -13,7 +13,7 @@ constexpr const char* File = "GB50500-2008.xml";
 
 /// The decimals of units by a file of these contents.
 Answers Decimals(std::string_view contents, const std::vector<std::u16string>& units) {
-    const Installation installation;
+    const ProbedInstallation installation;
     installation.Write(File, contents);
     std::vector<std::u16string> questions;
     for (const std::u16string& unit : units)
@@ -72,7 +72,7 @@ TEST(UnitDecimals, ValuesAreReadAsWholeNumbersOfAnySize) {
 }
 
 TEST(UnitDecimals, WithoutAGoodFileThereIsNoTable) {
-    const Installation installation;
+    const ProbedInstallation installation;
     EXPECT_EQ(installation.Ask({u"decimals", u"m", u"decimals", u""}), (Answers{u"2", u"2"}));
     for (const char* contents : {"", "no XML", "<r><u unit=\"m\" decimal=\"3\"/>", "<r>\xFF</r>",
                                  "<r><u unit=\"m\" decimal=\"3\" decimal=\"3\"/></r>"})
@@ -80,13 +80,13 @@ TEST(UnitDecimals, WithoutAGoodFileThereIsNoTable) {
 }
 
 TEST(UnitDecimals, AFileThatIsAFolderIsNone) {
-    const Installation installation;
+    const ProbedInstallation installation;
     std::filesystem::create_directory(installation.Folder() / File);
     EXPECT_EQ(installation.Ask({u"decimals", u"m"}), (Answers{u"2"}));
 }
 
 TEST(UnitDecimals, TheFileIsReadOnce) {
-    const Installation installation;
+    const ProbedInstallation installation;
     installation.Write(File, "<r><u unit=\"m\" decimal=\"3\"/></r>");
     EXPECT_EQ(installation.Ask({u"decimals", u"m", u"write", u"GB50500-2008.xml",
                                 u"<r><u unit=\"m\" decimal=\"4\"/></r>", u"decimals", u"m"}),
@@ -101,13 +101,13 @@ TEST(UnitDecimals, FilesInTheCodePage) {
 }
 
 TEST(UnitDecimals, FoldersMayHaveAnyName) {
-    const Installation installation("造价 100%/计价软件 #1");
+    const ProbedInstallation installation("造价 100%/计价软件 #1");
     installation.Write(File, "<r><u unit=\"m\" decimal=\"3\"/></r>");
     EXPECT_EQ(installation.Ask({u"decimals", u"m"}), (Answers{u"3"}));
 }
 
 TEST(UnitDecimals, TheSampleHasTheUnitsOfConstruction) {
-    const Installation installation;
+    const ProbedInstallation installation;
     installation.CopySample(File);
     EXPECT_EQ(
         installation.Ask({u"decimals", u"t",  u"decimals", u"m",  u"decimals", u"m2", u"decimals", u"m3",
