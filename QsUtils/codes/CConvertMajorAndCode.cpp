@@ -54,9 +54,8 @@ CString CConvertMajorAndCode::LookUp(const Map& map, const CString& key) {
     if (key.IsEmpty())
         return CString();
     const auto found = map.find(key);
-    return found != map.end()
-               ? found->second
-               : QsPlatform::ReadProfileString(FilePath(), MajorToCode, key, CString(), Buffer);
+    return found != map.end() ? found->second
+                              : QsPlatform::ReadProfileValue(FilePath(), MajorToCode, key, CString(), Buffer);
 }
 
 void CConvertMajorAndCode::GetMajorCodeByName(const CString& name, CString& code) const {

@@ -55,13 +55,13 @@ CString ProfileDocument::Text(const CString& section, const CString& key, const 
     return Ask(m_bytes, section, key, fallback, size);
 }
 
-CString ReadProfileString(const CString& path, const CString& section, const CString& key,
-                          const CString& fallback, int size) {
+CString ReadProfileValue(const CString& path, const CString& section, const CString& key,
+                         const CString& fallback, int size) {
     return ProfileDocument(path).Text(section, key, fallback, size);
 }
 
-bool WriteProfileString(const CString& path, const CString& section, const CString& key,
-                        const CString& value) {
+bool WriteProfileValue(const CString& path, const CString& section, const CString& key,
+                       const CString& value) {
     FileFailure failure = FileFailure::None;
     const std::optional<std::string> before = ReadWholeFile(path, &failure);
     if (!before && failure != FileFailure::MissingFile)

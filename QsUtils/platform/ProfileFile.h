@@ -33,8 +33,8 @@ private:
 };
 
 /// The same for one question: the file is read anew by every call, so that a change by another process shows.
-CString ReadProfileString(const CString& path, const CString& section, const CString& key,
-                          const CString& fallback, int size);
+CString ReadProfileValue(const CString& path, const CString& section, const CString& key,
+                         const CString& fallback, int size);
 
 /// Sets the value of `key` in `section`; false when it can't be done, and then the file is as it was. The
 /// file is replaced whole. Everything but the one line stays, byte for byte: comments, blank lines, spelling,
@@ -46,10 +46,9 @@ CString ReadProfileString(const CString& path, const CString& section, const CSt
 /// file lacks becomes "?". Names that could not be found again in the file are refused: a key with "=", a
 /// name with an end of line, or with characters that the encoding lacks. Calls for one file must not meet:
 /// the last one to write wins.
-bool WriteProfileString(const CString& path, const CString& section, const CString& key,
-                        const CString& value);
+bool WriteProfileValue(const CString& path, const CString& section, const CString& key, const CString& value);
 
-/// What the file becomes, for `WriteProfileString`: the bytes with the value set, which may be the same; none
+/// What the file becomes, for `WriteProfileValue`: the bytes with the value set, which may be the same; none
 /// when the names are refused.
 std::optional<std::string> SetProfileValue(std::string_view bytes, std::u16string_view section,
                                            std::u16string_view key, std::u16string_view value);

@@ -10,9 +10,9 @@
 #include "tests/support/TemporaryFolder.h"
 
 using QsPlatform::ProfileDocument;
-using QsPlatform::ReadProfileString;
+using QsPlatform::ReadProfileValue;
 using QsPlatform::SetProfileValue;
-using QsPlatform::WriteProfileString;
+using QsPlatform::WriteProfileValue;
 
 namespace {
 
@@ -51,8 +51,8 @@ TEST(ProfileFile, ReadsWhatTheSystemsCallsRead) {
         else
             folder.Write("a.ini", Fixture::Bytes(fields.at(1)));
         ++cases;
-        CString answer = ReadProfileString(path, Text(fields.at(2)), Text(fields.at(3)), Text(fields.at(4)),
-                                           std::stoi(fields.at(5)));
+        CString answer = ReadProfileValue(path, Text(fields.at(2)), Text(fields.at(3)), Text(fields.at(4)),
+                                          std::stoi(fields.at(5)));
         if (FitsWithoutQuotes(fields)) {
             EXPECT_EQ(answer.GetLength(), std::stoi(fields.at(5)) - 1);
             answer = answer.Left(answer.GetLength() - 1);
@@ -77,8 +77,8 @@ TEST(ProfileFile, ReadsAfterAWriteWhatTheSystemsCallsRead) {
         else
             folder.Write("a.ini", Fixture::Bytes(fields.at(1)));
         ++cases;
-        EXPECT_TRUE(WriteProfileString(path, Text(fields.at(2)), Text(fields.at(3)), Text(fields.at(4))));
-        EXPECT_EQ(ReadProfileString(path, Text(fields.at(5)), Text(fields.at(6)), u"(default)", 128),
+        EXPECT_TRUE(WriteProfileValue(path, Text(fields.at(2)), Text(fields.at(3)), Text(fields.at(4))));
+        EXPECT_EQ(ReadProfileValue(path, Text(fields.at(5)), Text(fields.at(6)), u"(default)", 128),
                   Text(fields.at(7)))
             << line;
     }
@@ -193,21 +193,21 @@ TEST(ProfileFile, CountsTheBufferInUnits) {
 
 TEST(ProfileFile, AFileThatCantBeReadHasNoValues) {
     const TemporaryFolder folder;
-    EXPECT_EQ(ReadProfileString(folder.Text("none.ini"), u"S", u"K", u"d ", 128), u"d");
-    EXPECT_EQ(ReadProfileString(FromNativePath(folder.Path()), u"S", u"K", u"'d'", 128), u"d");
-    EXPECT_EQ(ReadProfileString(CString(), u"S", u"K", u"", 128), u"");
+    EXPECT_EQ(ReadProfileValue(folder.Text("none.ini"), u"S", u"K", u"d ", 128), u"d");
+    EXPECT_EQ(ReadProfileValue(FromNativePath(folder.Path()), u"S", u"K", u"'d'", 128), u"d");
+    EXPECT_EQ(ReadProfileValue(CString(), u"S", u"K", u"", 128), u"");
 }
 
 TEST(ProfileFile, WritesANewFileInTheCodePage) {
     const TemporaryFolder folder;
-    EXPECT_TRUE(WriteProfileString(folder.Text("历史.ini"), u"设置", u"1", u"建筑工程"));
+    EXPECT_TRUE(WriteProfileValue(folder.Text("历史.ini"), u"设置", u"1", u"建筑工程"));
     EXPECT_EQ(folder.Read("历史.ini"), "[\xC9\xE8\xD6\xC3]\r\n1=\xBD\xA8\xD6\xFE\xB9\xA4\xB3\xCC\r\n");
     EXPECT_EQ(folder.Entries(), 1);
 }
 
 TEST(ProfileFile, AMissingFolderIsNotMade) {
     const TemporaryFolder folder;
-    EXPECT_FALSE(WriteProfileString(folder.Text("none/a.ini"), u"S", u"K", u"v"));
+    EXPECT_FALSE(WriteProfileValue(folder.Text("none/a.ini"), u"S", u"K", u"v"));
     EXPECT_EQ(folder.Entries(), 0);
 }
 
@@ -217,8 +217,8 @@ TEST(ProfileFile, AReadOnlyFileIsLeftAlone) {
     const fs::path path = folder.Write("a.ini", "[S]\nK=a\n");
     const auto write = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
     fs::permissions(path, write, fs::perm_options::remove);
-    EXPECT_FALSE(WriteProfileString(folder.Text("a.ini"), u"S", u"K", u"v"));
-    EXPECT_TRUE(WriteProfileString(folder.Text("a.ini"), u"S", u"K", u"a"));
+    EXPECT_FALSE(WriteProfileValue(folder.Text("a.ini"), u"S", u"K", u"v"));
+    EXPECT_TRUE(WriteProfileValue(folder.Text("a.ini"), u"S", u"K", u"a"));
     EXPECT_EQ(folder.Read("a.ini"), "[S]\nK=a\n");
     EXPECT_EQ(folder.Entries(), 1);
     fs::permissions(path, write, fs::perm_options::add);
@@ -229,9 +229,9 @@ TEST(ProfileFile, AValueThatIsThereIsNotWrittenAgain) {
     const auto path = folder.Write("a.ini", "[S]\nK = a\n");
     const auto old = std::filesystem::last_write_time(path) - std::chrono::hours(1);
     std::filesystem::last_write_time(path, old);
-    EXPECT_TRUE(WriteProfileString(folder.Text("a.ini"), u"S", u"K", u"a"));
+    EXPECT_TRUE(WriteProfileValue(folder.Text("a.ini"), u"S", u"K", u"a"));
     EXPECT_EQ(std::filesystem::last_write_time(path), old);
-    EXPECT_TRUE(WriteProfileString(folder.Text("a.ini"), u"S", u"K", u"b"));
+    EXPECT_TRUE(WriteProfileValue(folder.Text("a.ini"), u"S", u"K", u"b"));
     EXPECT_NE(std::filesystem::last_write_time(path), old);
     EXPECT_EQ(folder.Read("a.ini"), "[S]\nK = b\n");
 }
