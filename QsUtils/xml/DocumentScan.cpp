@@ -110,6 +110,8 @@ void DocumentScan::startElement(const xercesc::XMLElementDecl& element, unsigned
                                 bool) {
     if (++m_depth > MostDepth)
         throw LimitExceeded{u"the elements are nested too deep"};
+    if (count > MostAttributes)
+        throw LimitExceeded{u"an element has too many attributes"};
     Enter();
     std::size_t cost = NodeCost + Units(element.getFullName()).size();
     for (XMLSize_t i = 0; i < count; ++i) {
@@ -195,12 +197,18 @@ void DocumentScan::elementDecl(const xercesc::DTDElementDecl& element, bool) {
                    Units(element.getFormattedContentModel()).size());
 }
 
+void DocumentScan::Declare(std::size_t cost) {
+    if (++m_declarations > MostDeclarations)
+        throw LimitExceeded{u"the document declares too many entities"};
+    m_budget.Spend(NodeCost + cost);
+}
+
 void DocumentScan::entityDecl(const xercesc::DTDEntityDecl& entity, bool, bool) {
-    m_budget.Spend(NodeCost + Units(entity.getName()).size() + entity.getValueLen());
+    Declare(Units(entity.getName()).size() + entity.getValueLen());
 }
 
 void DocumentScan::notationDecl(const xercesc::XMLNotationDecl&, bool) {
-    m_budget.Spend(NodeCost);
+    Declare(0);
 }
 
 }  // namespace QsXml

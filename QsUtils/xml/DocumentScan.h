@@ -50,6 +50,7 @@ public:
 
 private:
     void Fail(std::u16string_view text);
+    void Declare(std::size_t cost);
     void Enter();
     void Leave();
 
@@ -94,6 +95,7 @@ private:
     std::size_t m_depth = 0;             // of elements
     std::size_t m_references = 0;        // entities that are open
     std::size_t m_depthInReference = 0;  // of elements and entities in the outermost one
+    std::size_t m_declarations = 0;
     std::u16string m_error;
     bool m_failed = false;
 };

@@ -90,7 +90,8 @@ void CheckNames(const XMLNode& root) {
 
 class TreeWriter {
 public:
-    TreeWriter(FileTarget& target, bool prettyPrint) : m_output(target), m_prettyPrint(prettyPrint) {}
+    TreeWriter(xercesc::XMLFormatTarget& target, bool prettyPrint)
+        : m_output(target), m_prettyPrint(prettyPrint) {}
 
     void Write(const XMLNode& root);
 
@@ -220,8 +221,13 @@ void TreeWriter::Indent(std::size_t level) {
 
 }  // namespace
 
-void WriteTree(const XMLNode& root, const std::wstring& path, bool prettyPrint) {
+void WriteTree(const XMLNode& root, xercesc::XMLFormatTarget& target, bool prettyPrint) {
     CheckNames(root);
+    TreeWriter(target, prettyPrint).Write(root);
+}
+
+void WriteTree(const XMLNode& root, const std::wstring& path, bool prettyPrint) {
+    CheckNames(root);  // before the file, as the DOM would
     FileTarget target(path);
     TreeWriter(target, prettyPrint).Write(root);
     target.Commit();

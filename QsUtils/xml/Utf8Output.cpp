@@ -103,7 +103,7 @@ void Utf8Output::Write(std::u16string_view text, Escape escape) {
     std::size_t used = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (used > sizeof(bytes) - 8) {
-            m_target.Append({bytes, used});
+            Send(bytes, used);
             used = 0;
         }
         const char16_t unit = text[i];
@@ -120,7 +120,7 @@ void Utf8Output::Write(std::u16string_view text, Escape escape) {
             character = 0x10000 + ((character - 0xD800) << 10) + (static_cast<char32_t>(text[++i]) - 0xDC00);
         used += Encode(character, bytes + used);
     }
-    m_target.Append({bytes, used});
+    Send(bytes, used);
 }
 
 void Utf8Output::Name(std::u16string_view name) {

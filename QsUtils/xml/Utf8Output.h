@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "QsUtils/xml/FileTarget.h"
+#include <xercesc/framework/XMLFormatter.hpp>
 
 namespace QsXml {
 
@@ -11,10 +11,10 @@ namespace QsXml {
 /// document of XML 1.0 may hold, before anything of that text is written.
 class Utf8Output {
 public:
-    explicit Utf8Output(FileTarget& target) noexcept : m_target(target) {}
+    explicit Utf8Output(xercesc::XMLFormatTarget& target) noexcept : m_target(target) {}
 
     /// ASCII that needs no escape.
-    void Plain(std::string_view ascii) { m_target.Append(ascii); }
+    void Plain(std::string_view ascii) { Send(ascii.data(), ascii.size()); }
     /// A name, which has been checked before.
     void Name(std::u16string_view name);
     void AttributeValue(std::u16string_view value);
@@ -27,7 +27,11 @@ private:
     template <typename Escape>
     void Write(std::u16string_view text, Escape escape);
 
-    FileTarget& m_target;
+    void Send(const char* bytes, std::size_t count) {
+        m_target.writeChars(reinterpret_cast<const XMLByte*>(bytes), count, nullptr);
+    }
+
+    xercesc::XMLFormatTarget& m_target;
 };
 
 }  // namespace QsXml
