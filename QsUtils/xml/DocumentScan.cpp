@@ -25,9 +25,8 @@ constexpr std::size_t AttributeCost = 4;
 
 }  // namespace
 
-DocumentScan::DocumentScan(ScanMemory& memory, std::string_view bytes, const std::u16string& name,
-                           ScanEvents* events)
-    : SAXParser(nullptr, &memory), m_bytes(bytes), m_name(name), m_events(events), m_budget(bytes.size()) {
+DocumentScan::DocumentScan(ScanMemory& memory, std::size_t size, ScanEvents* events)
+    : SAXParser(nullptr, &memory), m_events(events), m_budget(size) {
     setValidationScheme(Val_Never);
     setDoNamespaces(false);
     setDoSchema(false);
@@ -43,10 +42,9 @@ DocumentScan::DocumentScan(ScanMemory& memory, std::string_view bytes, const std
     setEntityResolver(&m_interest);
 }
 
-bool DocumentScan::Run() {
-    const std::unique_ptr<xercesc::InputSource> source = BytesInput(m_bytes, m_name);
+bool DocumentScan::Run(const xercesc::InputSource& document) {
     try {
-        parse(*source);
+        parse(document);
     } catch (const xercesc::OutOfMemoryException&) {
         throw std::bad_alloc();
     } catch (const xercesc::XMLException& exception) {

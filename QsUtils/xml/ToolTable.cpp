@@ -65,7 +65,8 @@ void RemoveXmlAccessTool(NS_XMLACCESS::IXmlAccessTool* tool) {
 }
 
 XMLNode* LoadXMLNode(const std::wstring& path) {
-    return QsXml::ScopedTool()->LoadXMLNode(path);
+    const QsXml::ScopedTool tool;  // it has nothing to do, but takes its number
+    return QsXml::CXmlAccessTool::ReadTreeFile(path);
 }
 
 bool SaveXMLNode(XMLNode* root, const std::wstring& path, const bool& prettyPrint) {

@@ -37,6 +37,7 @@ Outcome RunHost(const std::string& host, const std::string& mode) {
 
 constexpr const char* endOfModule =
     "analyser ends\n"
+    "XML tool ends\n"
     "XML ends\n"
     "scanner of variables ends\n"
     "soft version ends\n";

@@ -6,6 +6,7 @@
 
 #include "QsUtils/xml/TreeReader.h"
 #include "QsUtils/xml/TreeWriter.h"
+#include "QsUtils/xml/XmlInput.h"
 
 #include "tests/support/TemporaryFolder.h"
 #include "tests/xml/PlainTreeWriter.h"
@@ -130,7 +131,8 @@ TEST_F(TreeWriter, EscapesWhatMarkupNeeds) {
 TEST_F(TreeWriter, WhatTheParserReadsComesBack) {
     const std::string text = "<a><b k='1'>\n  <c/>\n</b><b/></a>";
     std::u16string error;
-    const std::unique_ptr<XMLNode> root(QsXml::ReadTree(text, u"document", error));
+    const std::unique_ptr<XMLNode> root(
+        QsXml::ReadTree(*QsXml::BytesInput(text, u"document"), text.size(), error));
     ASSERT_NE(root, nullptr);
     EXPECT_EQ(Write(*root, false), head + "<a><b k=\"1\">\n  <c/></b><b/></a>")
         << "the blanks in front of the first child stay, all others go";

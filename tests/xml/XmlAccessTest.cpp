@@ -312,6 +312,20 @@ TEST_F(XmlAccess, ATreeLeavesTheDocumentAtHand) {
     EXPECT_EQ(root->Attributes.at(L"k"), L"1") << "the tree outlives all that";
 }
 
+TEST_F(XmlAccess, TreesAreTheSameWithAndWithoutATool) {
+    PlainXml::RandomDocument random(99);
+    for (int i = 0; i < 5'000; ++i) {
+        m_folder.Write("file.xml", random.Next());
+        const std::unique_ptr<XMLNode> tree(m_tool->LoadXMLNode(Path("file.xml")));
+        const std::unique_ptr<XMLNode> direct(LoadXMLNode(Path("file.xml")));
+        ASSERT_EQ(PlainXml::TextOf(direct.get()), PlainXml::TextOf(tree.get())) << m_folder.Read("file.xml");
+    }
+    m_folder.Write("file.xml", "<a>" + std::string(1'000'000, 'x') + "<b/></a>");
+    const std::unique_ptr<XMLNode> large(LoadXMLNode(Path("file.xml")));
+    ASSERT_NE(large, nullptr);
+    EXPECT_EQ(large->Text.size(), 1'000'000u);
+}
+
 TEST_F(XmlAccess, AFailedTreeTellsWhy) {
     m_folder.Write("file.xml", "<a>");
     EXPECT_EQ(m_tool->LoadXMLNode(Path("file.xml")), nullptr);

@@ -42,6 +42,8 @@ protected:
         m_folder.Write("file.xml", bytes);
         std::unique_ptr<XMLNode> root(m_tool->LoadXMLNode(Path("file.xml")));
         const std::wstring treeError = m_tool->GetLastErrorText();
+        const std::unique_ptr<XMLNode> direct(LoadXMLNode(Path("file.xml")));
+        EXPECT_EQ(direct != nullptr, root != nullptr) << "with and without a tool";
         EXPECT_EQ(m_tool->LoadXmlFile(Path("file.xml")), root != nullptr);
         EXPECT_EQ(m_tool->GetLastErrorText(), treeError) << "both ways tell the same";
         EXPECT_EQ(treeError.empty(), root != nullptr);

@@ -35,6 +35,7 @@ void UseLibrary([[maybe_unused]] const LoadedPlugin& plugin) {
     if (EventProbe::WatchNotedBlocks("scanner of variables ends") != 1)
         EventProbe::Report("the scanner of variables is not one block");
     EventProbe::WatchBlock(PLUGIN_FUNCTION(plugin, PluginAnalyser)(), "analyser ends");
+    EventProbe::WatchBlock(PLUGIN_FUNCTION(plugin, PluginXmlTool)(), "XML tool ends");
 }
 
 }  // namespace
