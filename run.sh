@@ -1,14 +1,25 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds the library with its host, and prices the sample bill. Arguments are passed on
-# to `estimate price`, for instance --json.
+# Installs what is missing, builds the library with its host, and prices the sample bill. With --windows as first
+# argument this is done with the Windows build under Wine. Other arguments are passed on to `estimate price`, for
+# instance --json.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/scripts/common.sh"
+# shellcheck source=scripts/windows.sh
+source "$root/scripts/windows.sh"
+
+estimate=("$root/build/release/hosts/estimate/estimate")
+preset=release groups=(build)
+if [[ ${1:-} == --windows ]]; then
+    shift
+    estimate=("$root/scripts/under-wine" "$root/build/windows/bin/estimate.exe")
+    preset=windows groups=(build windows)
+fi
 
 # What the build says goes to standard error, so that the priced bill can be piped on.
 {
-    install_packages build
-    build release estimate
+    install_packages "${groups[@]}"
+    [[ $preset == release ]] || prepare_windows
+    build "$preset" estimate
 } >&2
-exec "$root/build/release/hosts/estimate/estimate" price "$root/samples/bill.csv" \
-    --vars "$root/samples/variables.csv" "$@"
+exec "${estimate[@]}" price "$root/samples/bill.csv" --vars "$root/samples/variables.csv" "$@"

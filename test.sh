@@ -5,6 +5,8 @@ set -uo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/scripts/common.sh"
 # shellcheck source=scripts/stages.sh
 source "$root/scripts/stages.sh"
+# shellcheck source=scripts/windows.sh
+source "$root/scripts/windows.sh"
 
 usage() {
     cat <<'END'
@@ -12,6 +14,7 @@ Usage: ./test.sh [OPTION...]
 
 Builds the release and runs its tests. Options add stages:
 
+  --windows       everything built for Windows, and the same tests under Wine
   --sanitize      the tests under AddressSanitizer and UndefinedBehaviorSanitizer, then under ThreadSanitizer
   --fuzz SECONDS  the fuzzers, which share the time equally
   --coverage      the tests with counted lines; fails when fewer than 95 % of the library's lines were run
@@ -24,9 +27,10 @@ stages; the status is 0 when none failed, 1 when some did, 2 for a wrong call.
 END
 }
 
-sanitize=no coverage=no lint=no fuzz_seconds=0
+windows=no sanitize=no coverage=no lint=no fuzz_seconds=0
 while [[ $# -gt 0 ]]; do
     case $1 in
+        --windows) windows=yes ;;
         --sanitize) sanitize=yes ;;
         --coverage) coverage=yes ;;
         --lint) lint=yes ;;
@@ -36,7 +40,7 @@ while [[ $# -gt 0 ]]; do
             shift
             ;;
         --all)
-            sanitize=yes coverage=yes lint=yes
+            windows=yes sanitize=yes coverage=yes lint=yes
             [[ $fuzz_seconds -gt 0 ]] || fuzz_seconds=60
             ;;
         --help | -h)
@@ -49,12 +53,14 @@ while [[ $# -gt 0 ]]; do
 done
 
 groups=(build)
+[[ $windows == yes ]] && groups+=(windows)
 [[ $fuzz_seconds -gt 0 ]] && groups+=(clang)
 [[ $coverage == yes ]] && groups+=(coverage)
 [[ $lint == yes ]] && groups+=(lint)
 
 if install_packages "${groups[@]}"; then
     run_stage "tests" run_tests release
+    [[ $windows == yes ]] && run_stage "tests, Windows" run_windows_tests
     if [[ $sanitize == yes ]]; then
         run_stage "tests, address and undefined behaviour" run_tests asan
         run_stage "tests, threads" run_thread_tests

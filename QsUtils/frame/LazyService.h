@@ -4,6 +4,8 @@
 #include <atomic>
 #include <mutex>
 
+#include "QsUtils/platform/Mutex.h"
+
 namespace QsFrame {
 
 /// Holds the one object of a service. `Get` makes it, whichever thread comes first; `Destroy` ends it while
@@ -34,7 +36,7 @@ public:
 
 private:
     std::atomic<T*> m_service{nullptr};
-    std::mutex m_creation;
+    QsPlatform::Mutex m_creation;
 };
 
 /// The same, ended together with the module's static objects instead of by the end sequence.

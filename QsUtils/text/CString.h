@@ -292,18 +292,9 @@ public:
     friend void swap(CString& a, CString& b) noexcept { a.m_units.swap(b.m_units); }
 
 private:
-    static PCXSTR Native(const char16_t* units) noexcept {
-        if constexpr (std::is_same_v<XCHAR, char16_t>)
-            return units;
-        else
-            return reinterpret_cast<PCXSTR>(units);
-    }
-    static PXSTR Native(char16_t* units) noexcept {
-        if constexpr (std::is_same_v<XCHAR, char16_t>)
-            return units;
-        else
-            return reinterpret_cast<PXSTR>(units);
-    }
+    // Where the two types differ, they are one to the compiler of that system: both alias `short`.
+    static PCXSTR Native(const char16_t* units) noexcept { return reinterpret_cast<PCXSTR>(units); }
+    static PXSTR Native(char16_t* units) noexcept { return reinterpret_cast<PXSTR>(units); }
     static std::u16string_view Safe(const char16_t* text) noexcept {
         return text == nullptr ? std::u16string_view() : std::u16string_view(text);
     }

@@ -1,5 +1,6 @@
 #include "QsUtils/xml/ToolTable.h"
 
+#include <mutex>
 #include <utility>
 
 namespace QsXml {

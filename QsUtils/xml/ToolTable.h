@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <mutex>
 
+#include "QsUtils/platform/Mutex.h"
 #include "QsUtils/xml/CXmlAccessTool.h"
 
 namespace QsXml {
@@ -21,7 +21,7 @@ public:
     void Clear();
 
 private:
-    std::mutex m_lock;
+    QsPlatform::Mutex m_lock;
     std::map<std::int32_t, std::unique_ptr<CXmlAccessTool>> m_tools;
 };
 

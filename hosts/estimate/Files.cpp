@@ -5,6 +5,8 @@
 #include <sstream>
 #include <system_error>
 
+#include "Device.h"
+
 namespace Estimate {
 namespace {
 
@@ -43,8 +45,7 @@ InputFile OpenInput(const std::string& path, std::istream& standardInput) {
 std::string WriteOutput(const std::string& path, const std::function<void(std::ostream&)>& write) {
     const fs::path target = FromArgument(path);
     std::error_code error;
-    // A device or a pipe can't be replaced by a file.
-    const bool direct = fs::exists(target, error) && !fs::is_regular_file(target, error);
+    const bool direct = IsDevice(target);
     fs::path part = target;
     if (!direct)
         part += ".part";

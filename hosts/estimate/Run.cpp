@@ -20,6 +20,8 @@ int Run(const std::vector<std::string>& arguments, const Streams& streams) {
                  "estimate");
     app.require_subcommand(1);
     app.footer(Footer);
+    // A path may begin with a slash; an option begins with a dash on every system.
+    app.allow_windows_style_options(false);
     app.set_help_all_flag("--help-all", "Print the help of all commands and exit");
     int status = AllDone;
     AddPrice(app, streams, status);

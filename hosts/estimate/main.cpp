@@ -1,18 +1,16 @@
 // estimate: prices a bill of quantities from the command line.
 #include <exception>
 #include <iostream>
-#include <string>
-#include <vector>
-
-#include <unistd.h>
 
 #include "Commands.h"
+#include "Terminal.h"
 
 int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
-    const Estimate::Streams streams{std::cin, std::cout, std::cerr, isatty(STDERR_FILENO) != 0};
+    const Estimate::Terminal terminal;
+    const Estimate::Streams streams{std::cin, std::cout, std::cerr, terminal.IsWatched()};
     try {
-        return Estimate::Run(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc), streams);
+        return Estimate::Run(Estimate::Terminal::Arguments(argc, argv), streams);
     } catch (const std::exception& error) {
         std::cerr << "estimate: " << error.what() << '\n';
         return Estimate::CannotRun;

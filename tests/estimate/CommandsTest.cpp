@@ -3,9 +3,10 @@
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-#include <unistd.h>
 
 #include "TestSupport.h"
+#include "tests/support/Devices.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace {
 
@@ -18,24 +19,17 @@ bool Has(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
 }
 
-/// A folder that goes with the test.
-class Folder {
+/// A folder whose files are named as arguments name them.
+class Folder : public TemporaryFolder {
 public:
-    Folder() : m_path(fs::temp_directory_path() / ("estimate-" + std::to_string(getpid()))) {
-        fs::create_directories(m_path);
+    std::string Path(const char* name) const {
+        const std::u8string path = File(name).u8string();
+        return std::string(path.begin(), path.end());
     }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    ~Folder() { fs::remove_all(m_path); }
-
-    std::string Path(const char* name) const { return (m_path / name).string(); }
     std::string Write(const char* name, const std::string& text) const {
-        std::ofstream(Path(name), std::ios::binary) << text;
+        TemporaryFolder::Write(name, text);
         return Path(name);
     }
-
-private:
-    fs::path m_path;
 };
 
 }  // namespace
@@ -120,8 +114,10 @@ TEST(Commands, OutputFilesArePutInPlaceWhole) {
     EXPECT_TRUE(ReadWhole(target).starts_with("\xEF\xBB\xBF\"kind\",\"code\""));
     EXPECT_EQ(std::distance(fs::directory_iterator(fs::path(target).parent_path()), fs::directory_iterator()),
               1);
-    EXPECT_EQ(RunProgram({"price", "-", "-o", "/dev/null"}, Bill).status, 0);
-    EXPECT_EQ(RunProgram({"price", "-", "-o", "/dev/full"}, Bill).status, 2);
+    EXPECT_EQ(RunProgram({"price", "-", "-o", NullDevice()}, Bill).status, 0);
+    if (const auto device = FullDevice()) {
+        EXPECT_EQ(RunProgram({"price", "-", "-o", *device}, Bill).status, 2);
+    }
 }
 
 TEST(Commands, Eval) {

@@ -1,38 +1,36 @@
 // What happens when the module comes and goes, in which order, told by hosts that are watched from inside.
-#include <array>
-#include <cstdio>
 #include <string>
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
+
+#include "tests/module/probe/EventProbe.h"
+#include "tests/support/ChildProcess.h"
 
 namespace {
 
-struct Outcome {
-    std::string events;
-    std::string errors;
-    int status;
-};
+constexpr const char* endOfHost = "host's static objects end\n";
 
-std::string ReadAll(const std::string& command, int& status) {
-    std::FILE* pipe = popen(command.c_str(), "r");
-    if (pipe == nullptr)
-        return "the command can't be run";
-    std::string text;
-    std::array<char, 4096> part{};
-    while (const std::size_t count = std::fread(part.data(), 1, part.size(), pipe))
-        text.append(part.data(), count);
-    status = pclose(pipe);
-    return text;
+void Remove(std::string& text, const std::string& part) {
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at))
+        text.erase(at, part.size());
 }
 
-Outcome RunHost(const std::string& host, const std::string& mode) {
-    Outcome outcome{};
-    const std::string command = "'" + host + "' " + mode;
-    outcome.events = ReadAll(command + " 2>/dev/null </dev/null", outcome.status);
-    int ignored = 0;
-    outcome.errors = ReadAll(command + " 2>&1 >/dev/null </dev/null", ignored);
-    return outcome;
+ProgramResult RunHost(const char* host, const char* mode, bool xmlFails = false) {
+    ProgramCall call{host, {mode}, {}, {}};
+    if (xmlFails)
+        call.environment.emplace_back(EventProbe::failingXml, "1");
+    ProgramResult result = RunProgram(call);
+    Remove(result.out, "\r");
+    return result;
+}
+
+/// The events of a host that ends with the module loaded at run time. One system ends such a module before
+/// the program's own static objects, the other one behind them; its own order is the same.
+std::string EventsOfExit(const ProgramResult& result) {
+    EXPECT_GT(result.out.find(endOfHost), result.out.find("main ends\n"));
+    std::string events = result.out;
+    Remove(events, endOfHost);
+    return events;
 }
 
 constexpr const char* endOfModule =
@@ -43,40 +41,38 @@ constexpr const char* endOfModule =
     "soft version ends\n";
 
 TEST(EndSequence, UnloadingEndsServicesThenXmlThenStaticObjects) {
-    const Outcome outcome = RunHost(END_SEQUENCE_HOST, "close");
+    const ProgramResult outcome = RunHost(END_SEQUENCE_HOST, "close");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.events, std::string("main begins\nXML starts\n") + endOfModule +
-                                  "main ends\nhost's static objects end\n");
-    EXPECT_EQ(outcome.errors, "");
+    EXPECT_EQ(outcome.out,
+              std::string("main begins\nXML starts\n") + endOfModule + "main ends\n" + endOfHost);
+    EXPECT_EQ(outcome.err, "");
 }
 
 TEST(EndSequence, ExitWithALoadedModuleEndsItInTheSameOrder) {
-    const Outcome outcome = RunHost(END_SEQUENCE_HOST, "exit");
+    const ProgramResult outcome = RunHost(END_SEQUENCE_HOST, "exit");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.events, std::string("main begins\nXML starts\nmain ends\n") + endOfModule +
-                                  "host's static objects end\n");
+    EXPECT_EQ(EventsOfExit(outcome), std::string("main begins\nXML starts\nmain ends\n") + endOfModule);
 }
 
 TEST(EndSequence, ExitOfALinkedHostEndsTheModuleInTheSameOrder) {
-    const Outcome outcome = RunHost(END_SEQUENCE_LINKED_HOST, "exit");
+    const ProgramResult outcome = RunHost(END_SEQUENCE_LINKED_HOST, "exit");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.events,
+    EXPECT_EQ(outcome.out,
               std::string("XML starts\nmain begins\nmain ends\nhost's static objects end\n") + endOfModule);
 }
 
 TEST(EndSequence, WithoutAnyCallOnlyXmlStartsAndEnds) {
-    const Outcome outcome = RunHost(END_SEQUENCE_LINKED_HOST, "idle");
+    const ProgramResult outcome = RunHost(END_SEQUENCE_LINKED_HOST, "idle");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.events, "XML starts\nmain begins\nmain ends\nhost's static objects end\nXML ends\n");
-    EXPECT_EQ(outcome.errors, "");
+    EXPECT_EQ(outcome.out, "XML starts\nmain begins\nmain ends\nhost's static objects end\nXML ends\n");
+    EXPECT_EQ(outcome.err, "");
 }
 
 TEST(EndSequence, XmlThatFailsToStartIsToldAndTheModuleStaysOfUse) {
-    const Outcome outcome = RunHost(END_SEQUENCE_HOST, "noxml");
+    const ProgramResult outcome = RunHost(END_SEQUENCE_HOST, "exit", true);
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.events, std::string("main begins\nXML starts\nmain ends\n") + endOfModule +
-                                  "host's static objects end\n");
-    EXPECT_GT(outcome.errors.size(), 1u) << "the message is missing";
+    EXPECT_EQ(EventsOfExit(outcome), std::string("main begins\nXML starts\nmain ends\n") + endOfModule);
+    EXPECT_GT(outcome.err.size(), 1u) << "the message is missing";
 }
 
 }  // namespace

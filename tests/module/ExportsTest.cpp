@@ -1,22 +1,17 @@
-// The dynamic symbol table of the module: all that hosts bind to is there, and nothing else.
+// What the module exports: all that hosts bind to is there, and nothing else.
 #include <algorithm>
-#include <array>
-#include <cstdio>
-#include <memory>
+#include <iterator>
 #include <set>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "tests/module/ExportedNames.h"
+#include "tests/support/ExportedSymbols.h"
 
 namespace {
-
-struct Symbol {
-    char type;
-    std::string name;
-};
 
 void ReplaceAll(std::string& text, const std::string& from, const std::string& to) {
     for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
@@ -39,25 +34,16 @@ std::string ShortName(std::string name) {
     return name;
 }
 
-// Each line is: address, blank, type, blank, name.
-std::vector<Symbol> DefinedSymbols() {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> listing(
-        popen("nm -DC --defined-only '" QSUTILS_MODULE "'", "r"), pclose);
-    std::vector<Symbol> symbols;
-    std::array<char, 4096> line{};
-    while (listing && std::fgets(line.data(), static_cast<int>(line.size()), listing.get()) != nullptr) {
-        std::string text = line.data();
-        text.erase(text.find_last_not_of('\n') + 1);
-        const std::size_t first = text.find(' ');
-        if (first != std::string::npos && text.size() > first + 3)
-            symbols.push_back({text[first + 1], ShortName(text.substr(first + 3))});
-    }
+std::vector<ExportedSymbol> DefinedSymbols() {
+    std::vector<ExportedSymbol> symbols = ExportedSymbols(QSUTILS_MODULE);
+    for (ExportedSymbol& symbol : symbols)
+        symbol.name = ShortName(std::move(symbol.name));
     return symbols;
 }
 
 TEST(ModuleExports, AllThatHostsBindToIsThere) {
     std::set<std::string> names;
-    for (const Symbol& symbol : DefinedSymbols())
+    for (const ExportedSymbol& symbol : DefinedSymbols())
         names.insert(symbol.name);
     for (const char* expected : exportedNames)
         EXPECT_TRUE(names.contains(expected)) << expected;
@@ -81,16 +67,16 @@ TEST(ModuleExports, NothingElseLeavesTheModule) {
                                       name == "typeinfo for " + one || name == "typeinfo name for " + one;
                            });
     };
-    const std::vector<Symbol> symbols = DefinedSymbols();
+    const std::vector<ExportedSymbol> symbols = DefinedSymbols();
     EXPECT_FALSE(symbols.empty());
-    for (const Symbol& symbol : symbols)
+    for (const ExportedSymbol& symbol : symbols)
         EXPECT_TRUE(isMember(symbol.name) || expected.contains(symbol.name)) << symbol.name;
 }
 
 // One such symbol, bound once for the whole process, would keep the module mapped for ever.
 TEST(ModuleExports, NoSymbolIsUnique) {
-    for (const Symbol& symbol : DefinedSymbols())
-        EXPECT_NE(symbol.type, 'u') << symbol.name;
+    for (const ExportedSymbol& symbol : DefinedSymbols())
+        EXPECT_FALSE(symbol.isUnique) << symbol.name;
 }
 
 }  // namespace

@@ -1,12 +1,9 @@
 // The module enters a process and leaves it, as often as a host likes.
 #include <gtest/gtest.h>
-#include <malloc.h>
 
 #include "tests/module/LoadedPlugin.h"
 
 namespace {
-
-constexpr const char* moduleName = "libQsUtils";
 
 // Sanitizers keep what is freed, so only a plain build can be asked how much memory is in use.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
@@ -18,11 +15,11 @@ constexpr bool memoryIsPlain = true;
 void LoadUseAndUnload() {
     {
         const LoadedPlugin plugin;
-        ASSERT_GT(MappingsOf(moduleName), 0);
+        ASSERT_TRUE(IsInProcess(QSUTILS_MODULE));
         const char* wrong = PLUGIN_FUNCTION(plugin, PluginUseEveryService)();
         ASSERT_EQ(wrong, nullptr) << wrong;
     }
-    ASSERT_EQ(MappingsOf(moduleName), 0) << "the module has not left the process";
+    ASSERT_FALSE(IsInProcess(QSUTILS_MODULE)) << "the module has not left the process";
 }
 
 TEST(ModuleLife, EveryServiceAnswersAndTheModuleLeaves) {
@@ -34,20 +31,20 @@ TEST(ModuleLife, AHundredLoadsLeaveNothingBehind) {
     // while with whatever library is loaded.
     for (int cycle = 0; cycle < 120 && !HasFatalFailure(); ++cycle)
         LoadUseAndUnload();
-    const std::size_t bytesBefore = mallinfo2().uordblks;
-    const int mappingsBefore = MappingsOf("");
+    const std::size_t bytesBefore = HeapInUse();
+    const std::size_t mappingsBefore = CountMappings();
     for (int cycle = 0; cycle < 100 && !HasFatalFailure(); ++cycle)
         LoadUseAndUnload();
     if (!memoryIsPlain)
         return;
     // The loader's own tables grow by some bytes a load; a lost object shows as 32, the allocator's least.
-    EXPECT_LT(mallinfo2().uordblks, bytesBefore + 100 * 32);
-    EXPECT_LE(MappingsOf(""), mappingsBefore + 2);
+    EXPECT_LT(HeapInUse(), bytesBefore + 100 * 32);
+    EXPECT_LE(CountMappings(), mappingsBefore + 2);
 }
 
 TEST(ModuleLife, LoadingWithoutAnyCallLeavesNothingEither) {
     { const LoadedPlugin plugin; }
-    EXPECT_EQ(MappingsOf(moduleName), 0);
+    EXPECT_FALSE(IsInProcess(QSUTILS_MODULE));
 }
 
 TEST(ModuleLife, TheSoftVersionIsEmptyUntilSet) {

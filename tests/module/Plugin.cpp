@@ -86,7 +86,7 @@ bool CallDigest() {
 }
 
 bool CallPaths() {
-    return ToNativePath(FromNativePath("/opt/app")) == "/opt/app";
+    return FromNativePath(ToNativePath(u"\\opt\\app")) == u"\\opt\\app";
 }
 
 /// A file that is this call's alone.
@@ -156,7 +156,7 @@ constexpr std::array services = {
 
 }  // namespace
 
-#define PLUGIN_EXPORT extern "C" __attribute__((visibility("default")))
+#define PLUGIN_EXPORT extern "C" TEST_EXPORT
 
 PLUGIN_EXPORT const char* PluginUseEveryService() {
     for (const Service& service : services) {

@@ -1,5 +1,4 @@
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <utility>
 
@@ -8,41 +7,21 @@
 #include "QsUtils/platform/DynamicModule.h"
 #include "QsUtils/platform/NativePath.h"
 
+#include "tests/support/TemporaryFolder.h"
+
 using QsPlatform::DynamicModule;
 
 namespace {
 
-/// A folder of its own that goes with the test.
-class Folder {
+/// A folder of modules.
+class Folder : public TemporaryFolder {
 public:
-    Folder() : m_path(std::filesystem::temp_directory_path() / ("qsutils-modules-" + Unique())) {
-        std::filesystem::create_directories(m_path);
-    }
-    ~Folder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_path, ignored);
-    }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-
     /// The module under another name; gives the path in the library's form.
     CString Copy(const std::string& name) const {
-        std::filesystem::copy_file(QSUTILS_TEST_MODULE, m_path / name);
-        return Path(name);
+        std::filesystem::copy_file(QSUTILS_TEST_MODULE, File(name));
+        return NameOf(name);
     }
-    CString Path(const std::string& name) const { return FromNativePath(m_path / name); }
-    void Write(const std::string& name, const std::string& text) const {
-        std::ofstream(m_path / name) << text;
-    }
-
-private:
-    static std::string Unique() {
-        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        return std::string(test->name()) +
-               std::to_string(testing::UnitTest::GetInstance()->start_timestamp());
-    }
-
-    std::filesystem::path m_path;
+    CString NameOf(const std::string& name) const { return FromNativePath(File(name)); }
 };
 
 int Answer(const DynamicModule& module) {
@@ -63,26 +42,24 @@ TEST(DynamicModule, LoadsAndFindsSymbols) {
 
 TEST(DynamicModule, NamesMayBeChinese) {
     const Folder folder;
-    const std::u8string name = u8"定额库.dll";
-    std::filesystem::copy_file(QSUTILS_TEST_MODULE,
-                               ToNativePath(folder.Path(".")) / std::filesystem::path(name));
-    EXPECT_EQ(Answer(DynamicModule(folder.Path(".") + u"\\定额库.dll")), 42);
+    EXPECT_EQ(Answer(DynamicModule(folder.Copy("定额库.dll"))), 42);
 }
 
 TEST(DynamicModule, TheSystemsOwnEndingIsTriedWhenTheLiteralNameIsNotThere) {
     const std::filesystem::path own = std::filesystem::path(QSUTILS_TEST_MODULE).extension();
     const Folder folder;
     folder.Copy("Companion" + own.string());
-    EXPECT_EQ(Answer(DynamicModule(folder.Path("Companion.dll"))), 42);
-    EXPECT_FALSE(DynamicModule(folder.Path("Companio.dll")).IsLoaded());
+    EXPECT_EQ(Answer(DynamicModule(folder.NameOf("Companion.dll"))), 42);
+    EXPECT_FALSE(DynamicModule(folder.NameOf("Companio.dll")).IsLoaded());
 }
 
 TEST(DynamicModule, WhatIsNoModuleIsNotLoaded) {
     const Folder folder;
     folder.Write("Text.dll", "no module");
     folder.Write("Empty.dll", "");
-    for (const CString& path : {folder.Path("Text.dll"), folder.Path("Empty.dll"), folder.Path("Missing.dll"),
-                                folder.Path("."), CString(), CString(u"Missing.dll"), CString(u"\\")}) {
+    for (const CString& path :
+         {folder.NameOf("Text.dll"), folder.NameOf("Empty.dll"), folder.NameOf("Missing.dll"),
+          folder.NameOf("."), CString(), CString(u"Missing.dll"), CString(u"\\")}) {
         const DynamicModule module(path);
         EXPECT_FALSE(module.IsLoaded()) << path;
         EXPECT_EQ(module.Symbol("Answer"), nullptr);
@@ -120,5 +97,5 @@ TEST(DynamicModule, OneOwnerAtATime) {
 
     second = DynamicModule();
     EXPECT_FALSE(second.IsLoaded());
-    EXPECT_EQ(DynamicModule(folder.Path("First.dll")).Function<int()>("Count")(), 1);
+    EXPECT_EQ(DynamicModule(folder.NameOf("First.dll")).Function<int()>("Count")(), 1);
 }

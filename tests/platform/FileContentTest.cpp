@@ -57,7 +57,7 @@ TEST(FileContent, AnEmptyFileOfTerabytesIsRefusedAtOnce) {
     const TemporaryFolder folder;
     folder.Write("a", "x");
     std::error_code error;
-    std::filesystem::resize_file(folder / "a", std::uintmax_t{1} << 40, error);
+    std::filesystem::resize_file(folder.File("a"), std::uintmax_t{1} << 40, error);
     if (error)
         GTEST_SKIP() << "the file system has no sparse files";
     FileFailure failure = FileFailure::None;

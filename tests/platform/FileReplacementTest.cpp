@@ -122,13 +122,13 @@ TEST(FileReplacement, AReadOnlyFileIsRefused) {
     const TemporaryFolder folder;
     folder.Write("a", "old");
     const auto write = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-    fs::permissions(folder / "a", write, fs::perm_options::remove);
+    fs::permissions(folder.File("a"), write, fs::perm_options::remove);
     FileReplacement file(folder.Text("a"));
     EXPECT_EQ(file.Failure(), FileFailure::ReadOnlyTarget);
     EXPECT_FALSE(file.Commit());
     EXPECT_EQ(folder.Read("a"), "old");
     EXPECT_EQ(folder.Entries(), 1);
-    fs::permissions(folder / "a", write, fs::perm_options::add);
+    fs::permissions(folder.File("a"), write, fs::perm_options::add);
 }
 
 TEST(FileReplacement, TakesChineseAndVeryLongNames) {

@@ -1,9 +1,5 @@
 // What a companion module looks like from outside: plain functions and objects under their own names.
-#if defined(_WIN32)
-#define EXPORTED extern "C" __declspec(dllexport)
-#else
-#define EXPORTED extern "C" __attribute__((visibility("default")))
-#endif
+#define EXPORTED extern "C" TEST_EXPORT
 
 EXPORTED int Answer() {
     return 42;

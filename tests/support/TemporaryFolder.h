@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <vector>
+#include <system_error>
 
 #include "QsUtils/platform/NativePath.h"
 
@@ -32,30 +32,30 @@ public:
 
     const std::filesystem::path& Path() const { return m_path; }
     /// The path of an entry, `name` in UTF-8 and with slashes; in the system's form and in the library's.
-    std::filesystem::path operator/(std::u8string_view name) const { return m_path / name; }
-    std::filesystem::path operator/(std::string_view name) const {
+    std::filesystem::path File(std::string_view name) const {
         return m_path / std::u8string(name.begin(), name.end());
     }
-    CString Text(std::string_view name) const { return FromNativePath(*this / name); }
+    CString Text(std::string_view name) const { return FromNativePath(File(name)); }
 
-    /// Writes a file; folders on the way are made.
-    void Write(std::string_view name, std::string_view bytes) const {
-        const std::filesystem::path path = *this / name;
+    /// Writes a file, byte for byte; folders on the way are made.
+    std::filesystem::path Write(std::string_view name, std::string_view bytes) const {
+        std::filesystem::path path = File(name);
         std::filesystem::create_directories(path.parent_path());
         std::ofstream file(path, std::ios::binary);
         file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         if (!file.flush())
             throw std::runtime_error("can't write " + path.string());
+        return path;
     }
 
     std::string Read(std::string_view name) const {
-        std::ifstream file(*this / name, std::ios::binary);
+        std::ifstream file(File(name), std::ios::binary);
         if (!file)
-            throw std::runtime_error("can't read " + (*this / name).string());
+            throw std::runtime_error("can't read " + File(name).string());
         return std::string(std::istreambuf_iterator<char>(file), {});
     }
 
-    bool Has(std::string_view name) const { return std::filesystem::exists(*this / name); }
+    bool Has(std::string_view name) const { return std::filesystem::exists(File(name)); }
 
     /// The number of entries, so that a test sees what was left behind.
     std::ptrdiff_t Entries() const { return std::distance(std::filesystem::directory_iterator(m_path), {}); }

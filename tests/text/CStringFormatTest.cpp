@@ -202,8 +202,23 @@ std::u16string Widened(std::string_view text) {
     return {text.begin(), text.end()};
 }
 
+bool RuntimeFollowsTheStandard() {
+    // Texts, so that the compiler doesn't find fault with the formats.
+    const std::string unsignedWithBlank = "% u";
+    const std::string octalWithoutDigits = "%#.0o";
+    char text[8];
+    std::snprintf(text, sizeof text, unsignedWithBlank.c_str(), 1U);
+    if (std::string_view(text) != "1")
+        return false;
+    std::snprintf(text, sizeof text, octalWithoutDigits.c_str(), 0U);
+    return std::string_view(text) == "0";
+}
+
 /// The runtime's formatter as peer: the tests run in the "C" locale.
 TEST(CStringFormat, AgreesWithTheRuntimeOnRandomNumberFormats) {
+    if (!RuntimeFollowsTheStandard())
+        GTEST_SKIP()
+            << "mingw's formatter puts blanks before unsigned numbers and no digit for \"%#.0o\" of 0";
     std::mt19937_64 random(20);
     const auto pick = [&random](std::size_t count) { return random() % count; };
     for (int round = 0; round < 1'000'000; ++round) {

@@ -95,7 +95,7 @@ std::string OutcomeOf(Write write) {
 class TreeWriter : public ::testing::Test {
 protected:
     std::string Write(const XMLNode& root, bool prettyPrint) {
-        QsXml::WriteTree(root, (m_folder / "file.xml").wstring(), prettyPrint);
+        QsXml::WriteTree(root, m_folder.File("file.xml").wstring(), prettyPrint);
         return m_folder.Read("file.xml");
     }
     std::string WriteText(const std::wstring& text) {
@@ -149,7 +149,7 @@ TEST_F(TreeWriter, AFailureLeavesTheFileAsItWas) {
     EXPECT_EQ(m_folder.Read("file.xml"), "old");
     EXPECT_EQ(m_folder.Entries(), 1);
     root.Text.clear();
-    EXPECT_THROW(QsXml::WriteTree(root, (m_folder / "none/file.xml").wstring(), false),
+    EXPECT_THROW(QsXml::WriteTree(root, m_folder.File("none/file.xml").wstring(), false),
                  xercesc::XMLException);
     EXPECT_THROW(QsXml::WriteTree(root, m_folder.Path().wstring(), false), xercesc::XMLException);
 }

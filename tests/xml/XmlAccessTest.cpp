@@ -97,7 +97,7 @@ TEST(XmlTools, TreesAreReadOnManyThreads) {
     for (int i = 0; i < 4; ++i)
         threads.emplace_back([&] {
             for (int n = 0; n < 200; ++n) {
-                const std::unique_ptr<XMLNode> root(LoadXMLNode((folder / "a.xml").wstring()));
+                const std::unique_ptr<XMLNode> root(LoadXMLNode(folder.File("a.xml").wstring()));
                 ASSERT_NE(root, nullptr);
                 ASSERT_EQ(root->Children.size(), 1u);
             }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <utility>
 
 #include <fcntl.h>
@@ -60,7 +59,7 @@ FileFailure ReadToEnd(int number, std::size_t size, std::size_t limit, std::stri
 
 FileFailure Read(const CString& path, std::size_t limit, std::string& bytes) {
     const std::string native = ToNativePath(path).native();
-    if (std::memchr(native.data(), 0, native.size()) != nullptr)
+    if (native.find('\0') != std::string::npos)
         return FileFailure::MissingFile;  // no file has a name with a NUL
     int number = -1;
     std::size_t size = 0;

@@ -4,10 +4,9 @@
 #include <string>
 #include <utility>
 
-#include <windows.h>
-
 #include "QsUtils/platform/NativePath.h"
 #include "QsUtils/platform/win32/FileErrors.h"
+#include "QsUtils/platform/win32/Windows.h"
 
 namespace QsPlatform {
 

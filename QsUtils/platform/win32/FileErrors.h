@@ -1,9 +1,8 @@
 // The system's error codes in the words of the contract, and a handle that closes itself.
 #pragma once
 
-#include <windows.h>
-
 #include "QsUtils/platform/FileFailure.h"
+#include "QsUtils/platform/win32/Windows.h"
 
 namespace QsPlatform {
 

@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <string>
 
-#include <windows.h>
-
 #include "QsUtils/platform/NativePath.h"
 #include "QsUtils/platform/win32/FileErrors.h"
+#include "QsUtils/platform/win32/Windows.h"
 
 namespace QsPlatform {
 

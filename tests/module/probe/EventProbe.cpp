@@ -1,12 +1,9 @@
 #include "tests/module/probe/EventProbe.h"
 
 #include <array>
+#include <cstdio>
 #include <cstdlib>
-#include <cstring>
-#include <new>
 
-#include <dlfcn.h>
-#include <unistd.h>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/RuntimeException.hpp>
 
@@ -20,7 +17,6 @@ struct Watch {
 std::array<Watch, 64> watches{};
 std::array<const void*, 64> noted{};
 bool isNoting = false;
-bool xmlFails = false;
 
 template <typename T, std::size_t n, typename Same>
 T* FindIn(std::array<T, n>& slots, Same same) {
@@ -31,38 +27,18 @@ T* FindIn(std::array<T, n>& slots, Same same) {
     return nullptr;
 }
 
-void Free(void* block) noexcept {
-    if (block == nullptr)
-        return;
+void Forget(void* block) noexcept {
     if (Watch* watch = FindIn(watches, [&](const Watch& one) { return one.block == block; })) {
         EventProbe::Report(watch->event);
         watch->block = nullptr;
     }
     if (const void** slot = FindIn(noted, [&](const void* one) { return one == block; }))
         *slot = nullptr;
-    std::free(block);
 }
 
-void* Allocate(std::size_t size) {
-    void* block = std::malloc(size == 0 ? 1 : size);
-    if (block == nullptr)
-        throw std::bad_alloc();
-    if (isNoting) {
-        if (const void** slot = FindIn(noted, [](const void* one) { return one == nullptr; }))
-            *slot = block;
-    }
-    return block;
-}
-
-// The next definition of the function at `mine`: that of the library behind this executable.
-template <typename F>
-F* Original(F* mine) {
-    Dl_info info{};
-    dladdr(reinterpret_cast<const void*>(mine), &info);
-    void* original = dlsym(RTLD_NEXT, info.dli_sname);
-    if (original == nullptr)
-        std::abort();
-    return reinterpret_cast<F*>(original);
+void Note(const void* block) noexcept {
+    if (const void** slot = FindIn(noted, [](const void* one) { return one == nullptr; }))
+        *slot = block;
 }
 
 }  // namespace
@@ -70,12 +46,8 @@ F* Original(F* mine) {
 namespace EventProbe {
 
 void Report(const char* event) noexcept {
-    std::array<char, 128> line{};
-    std::strncpy(line.data(), event, line.size() - 2);
-    const std::size_t length = std::strlen(line.data());
-    line[length] = '\n';
-    if (write(STDOUT_FILENO, line.data(), length + 1) < 0)
-        std::abort();
+    std::printf("%s\n", event);
+    std::fflush(stdout);
 }
 
 void WatchBlock(const void* block, const char* event) noexcept {
@@ -100,39 +72,51 @@ std::size_t WatchNotedBlocks(const char* event) noexcept {
     return count;
 }
 
-void MakeXmlFail() noexcept {
-    xmlFails = true;
-}
-
 }  // namespace EventProbe
 
-// The executable's definitions come before the library's, so the module's calls arrive here.
-XERCES_CPP_NAMESPACE_BEGIN
+// The linker leads the module's calls of a wrapped function here, and gives the function itself its other
+// name.
+#define JOIN_NAMES(a, b) a##b
+#define WRAPPED(symbol) JOIN_NAMES(__wrap_, symbol)
+#define REAL(symbol) JOIN_NAMES(__real_, symbol)
 
-void XMLPlatformUtils::Initialize(const char* const locale, const char* const nlsHome,
-                                  PanicHandler* const panic, MemoryManager* const memory) {
+extern "C" {
+
+void REAL(XML_INITIALIZE)(const char*, const char*, xercesc::PanicHandler*, xercesc::MemoryManager*);
+void REAL(XML_TERMINATE)();
+void* REAL(OPERATOR_NEW)(std::size_t);
+void REAL(OPERATOR_DELETE)(void*);
+void REAL(OPERATOR_SIZED_DELETE)(void*, std::size_t);
+
+void WRAPPED(XML_INITIALIZE)(const char* locale, const char* home, xercesc::PanicHandler* panic,
+                             xercesc::MemoryManager* memory) {
     EventProbe::Report("XML starts");
-    using Function = void(const char*, const char*, PanicHandler*, MemoryManager*);
-    Original(static_cast<Function*>(&XMLPlatformUtils::Initialize))(locale, nlsHome, panic, memory);
-    if (xmlFails)
-        throw RuntimeException(__FILE__, __LINE__, XMLExcepts::File_CouldNotGetBasePathName, fgMemoryManager);
+    REAL(XML_INITIALIZE)(locale, home, panic, memory);
+    if (std::getenv(EventProbe::failingXml) != nullptr)
+        throw xercesc::RuntimeException(__FILE__, __LINE__, xercesc::XMLExcepts::File_CouldNotGetBasePathName,
+                                        xercesc::XMLPlatformUtils::fgMemoryManager);
 }
 
-void XMLPlatformUtils::Terminate() {
+void WRAPPED(XML_TERMINATE)() {
     EventProbe::Report("XML ends");
-    Original (&XMLPlatformUtils::Terminate)();
+    REAL(XML_TERMINATE)();
 }
 
-XERCES_CPP_NAMESPACE_END
-
-void* operator new(std::size_t size) {
-    return Allocate(size);
+void* WRAPPED(OPERATOR_NEW)(std::size_t size) {
+    void* const block = REAL(OPERATOR_NEW)(size);
+    if (isNoting)
+        Note(block);
+    return block;
 }
 
-void operator delete(void* block) noexcept {
-    Free(block);
+void WRAPPED(OPERATOR_DELETE)(void* block) {
+    Forget(block);
+    REAL(OPERATOR_DELETE)(block);
 }
 
-void operator delete(void* block, std::size_t) noexcept {
-    Free(block);
+void WRAPPED(OPERATOR_SIZED_DELETE)(void* block, std::size_t size) {
+    Forget(block);
+    REAL(OPERATOR_SIZED_DELETE)(block, size);
 }
+
+}  // extern "C"

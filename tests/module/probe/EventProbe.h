@@ -1,23 +1,23 @@
-// Watches what happens in a process from inside its executable: the start and the end of the XML platform,
-// and the moment at which chosen blocks of memory are freed. Each event becomes one line on standard output
-// at once.
+// Watches what happens inside of the module: the start and the end of the XML platform, and the moment at
+// which chosen blocks of memory are freed. Each event becomes one line on standard output at once. The probe
+// is linked into a module of its own, in front of the functions that it watches.
 #pragma once
 
 #include <cstddef>
 
 namespace EventProbe {
 
-void Report(const char* event) noexcept;
+TEST_EXPORT void Report(const char* event) noexcept;
 
-/// Reports `event` when the block is freed.
-void WatchBlock(const void* block, const char* event) noexcept;
+/// Reports `event` when the module frees the block.
+TEST_EXPORT void WatchBlock(const void* block, const char* event) noexcept;
 
-/// Between the two calls, blocks are noted as they are allocated; the second watches those that are still in
-/// use and returns how many they are.
-void BeginNotingBlocks() noexcept;
-std::size_t WatchNotedBlocks(const char* event) noexcept;
+/// Between the two calls, blocks are noted as the module allocates them; the second watches those that are
+/// still in use and returns how many they are.
+TEST_EXPORT void BeginNotingBlocks() noexcept;
+TEST_EXPORT std::size_t WatchNotedBlocks(const char* event) noexcept;
 
-/// From now on the XML platform raises an error as soon as it has started.
-void MakeXmlFail() noexcept;
+/// While this variable of the environment is set, the XML platform raises an error as soon as it has started.
+inline constexpr const char* failingXml = "QSUTILS_TEST_XML_FAILS";
 
 }  // namespace EventProbe

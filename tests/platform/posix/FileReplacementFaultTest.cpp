@@ -95,14 +95,14 @@ protected:
 
 TEST_F(FileFault, KeepsPermissionsAndOwner) {
     for (const mode_t mode : {0600U, 0644U, 0640U, 0777U, 02755U}) {
-        ASSERT_EQ(::chmod((m_folder / "a").c_str(), mode), 0);
+        ASSERT_EQ(::chmod(m_folder.File("a").c_str(), mode), 0);
         EXPECT_TRUE(Replace(m_folder.Text("a"), "new"));
-        EXPECT_EQ(ModeOf(m_folder / "a"), mode);
+        EXPECT_EQ(ModeOf(m_folder.File("a")), mode);
     }
-    if (::chown((m_folder / "a").c_str(), 12345, 23456) == 0) {
+    if (::chown(m_folder.File("a").c_str(), 12345, 23456) == 0) {
         EXPECT_TRUE(Replace(m_folder.Text("a"), "new"));
         struct stat status {};
-        ASSERT_EQ(::stat((m_folder / "a").c_str(), &status), 0);
+        ASSERT_EQ(::stat(m_folder.File("a").c_str(), &status), 0);
         EXPECT_EQ(status.st_uid, 12345U);
         EXPECT_EQ(status.st_gid, 23456U);
     }
@@ -112,33 +112,33 @@ TEST_F(FileFault, ANewFileHasTheModeOfTheUser) {
     const mode_t before = ::umask(027);
     EXPECT_TRUE(Replace(m_folder.Text("b"), "new"));
     ::umask(before);
-    EXPECT_EQ(ModeOf(m_folder / "b"), 0640U);
+    EXPECT_EQ(ModeOf(m_folder.File("b")), 0640U);
 }
 
 TEST_F(FileFault, FollowsLinks) {
     m_folder.Write("sub/file", "old");
-    fs::create_symlink("sub/file", m_folder / "near");
-    fs::create_symlink(m_folder / "near", m_folder / "far");
-    fs::create_symlink("sub/new", m_folder / "dangling");
+    fs::create_symlink("sub/file", m_folder.File("near"));
+    fs::create_symlink(m_folder.File("near"), m_folder.File("far"));
+    fs::create_symlink("sub/new", m_folder.File("dangling"));
     EXPECT_TRUE(Replace(m_folder.Text("far"), "new"));
     EXPECT_TRUE(Replace(m_folder.Text("dangling"), "made"));
-    EXPECT_TRUE(fs::is_symlink(m_folder / "far"));
-    EXPECT_TRUE(fs::is_symlink(m_folder / "near"));
-    EXPECT_TRUE(fs::is_symlink(m_folder / "dangling"));
+    EXPECT_TRUE(fs::is_symlink(m_folder.File("far")));
+    EXPECT_TRUE(fs::is_symlink(m_folder.File("near")));
+    EXPECT_TRUE(fs::is_symlink(m_folder.File("dangling")));
     EXPECT_EQ(m_folder.Read("sub/file"), "new");
     EXPECT_EQ(m_folder.Read("sub/new"), "made");
     EXPECT_EQ(m_folder.Entries(), 5);
 }
 
 TEST_F(FileFault, ACircleOfLinksLeadsNowhere) {
-    fs::create_symlink("one", m_folder / "two");
-    fs::create_symlink("two", m_folder / "one");
+    fs::create_symlink("one", m_folder.File("two"));
+    fs::create_symlink("two", m_folder.File("one"));
     EXPECT_FALSE(Replace(m_folder.Text("one"), "new"));
     EXPECT_EQ(m_folder.Entries(), 3);
 }
 
 TEST_F(FileFault, PipesAreLeftAlone) {
-    ASSERT_EQ(::mkfifo((m_folder / "pipe").c_str(), 0600), 0);
+    ASSERT_EQ(::mkfifo(m_folder.File("pipe").c_str(), 0600), 0);
     EXPECT_EQ(FileReplacement(m_folder.Text("pipe")).Failure(), FileFailure::NotAFile);
     FileFailure failure = FileFailure::None;
     EXPECT_FALSE(QsPlatform::ReadWholeFile(m_folder.Text("pipe"), &failure));
@@ -225,7 +225,7 @@ TEST_F(FileFault, WithoutRightsNothingIsReplaced) {
     ::chmod(m_folder.Path().c_str(), 0777);
     EXPECT_EQ(asNobody("a"), noRight);  // not the file
     ExpectOldFileAlone();
-    ::chmod((m_folder / "a").c_str(), 0666);
+    ::chmod(m_folder.File("a").c_str(), 0666);
     EXPECT_EQ(asNobody("a"), 0);
     EXPECT_EQ(m_folder.Read("a"), "new");
     EXPECT_EQ(m_folder.Entries(), 1);

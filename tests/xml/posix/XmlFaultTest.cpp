@@ -109,10 +109,10 @@ TEST_F(XmlFault, AFileOfWhichNotOneByteIsWrittenLeavesTheOldOne) {
 }
 
 TEST_F(XmlFault, AMissingRightLeavesTheOldFile) {
-    ::chmod((m_folder / "file.xml").c_str(), 0444);
+    ::chmod(m_folder.File("file.xml").c_str(), 0444);
     ExpectOutcome(CanNotOpen, [] {});
     ExpectOldFileAlone();
-    ::chmod((m_folder / "file.xml").c_str(), 0644);
+    ::chmod(m_folder.File("file.xml").c_str(), 0644);
     if (::geteuid() == 0) {
         ::chmod(m_folder.Path().c_str(), 0755);
         ExpectOutcome(CanNotOpen, [] { static_cast<void>(::setuid(65534) == 0 || (std::abort(), false)); });
@@ -132,8 +132,8 @@ TEST_F(XmlFault, TooFewDescriptorsAreAFailure) {
 TEST_F(XmlFault, AKilledProcessLeavesAWholeFile) {
     const auto first = LargeTree(L"first");
     const auto second = LargeTree(L"the second, which is longer");
-    ASSERT_TRUE(SaveXMLNode(first.get(), (m_folder / "first.xml").wstring(), false));
-    ASSERT_TRUE(SaveXMLNode(second.get(), (m_folder / "second.xml").wstring(), false));
+    ASSERT_TRUE(SaveXMLNode(first.get(), m_folder.File("first.xml").wstring(), false));
+    ASSERT_TRUE(SaveXMLNode(second.get(), m_folder.File("second.xml").wstring(), false));
     const std::string wholes[] = {old, m_folder.Read("first.xml"), m_folder.Read("second.xml")};
     int written = 0;
     std::srand(1);
@@ -158,8 +158,8 @@ TEST_F(XmlFault, AKilledProcessLeavesAWholeFile) {
 }
 
 TEST_F(XmlFault, PipesAndDevicesAreNoFiles) {
-    ASSERT_EQ(::mkfifo((m_folder / "pipe").c_str(), 0600), 0);
-    EXPECT_EQ(LoadXMLNode((m_folder / "pipe").wstring()), nullptr) << "and nobody waits for a writer";
+    ASSERT_EQ(::mkfifo(m_folder.File("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(LoadXMLNode(m_folder.File("pipe").wstring()), nullptr) << "and nobody waits for a writer";
     EXPECT_EQ(LoadXMLNode(L"/dev/zero"), nullptr);
     EXPECT_EQ(LoadXMLNode(L"/dev/null"), nullptr);
     XMLNode root;

@@ -1,0 +1,11 @@
+#include "QsUtils/platform/NativePath.h"
+
+#include "QsUtils/platform/win32/Windows.h"
+
+std::filesystem::path ToNativePath(const CString& path) {
+    return std::filesystem::path(path.ToWide());
+}
+
+CString FromNativePath(const std::filesystem::path& path) {
+    return CString(path.native());
+}

@@ -1,0 +1,27 @@
+// The command line and the standard streams, which each system has in its own way.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace Estimate {
+
+/// Makes the standard streams carry UTF-8 and every byte as it is written, for the life of the object.
+class Terminal {
+public:
+    Terminal();
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+    ~Terminal();
+
+    /// Whether somebody looks at what is written to standard error.
+    bool IsWatched() const;
+    /// The arguments of `main` in UTF-8, without the program's own name.
+    static std::vector<std::string> Arguments(int argc, char** argv);
+
+private:
+    /// What a console was set to before; 0 where there is nothing to set back.
+    unsigned m_codePage = 0;
+};
+
+}  // namespace Estimate

@@ -1,0 +1,15 @@
+// The symbols that a built module offers to others.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+struct ExportedSymbol {
+    /// Demangled.
+    std::string name;
+    /// Bound once for the whole process, so that the module can never leave it.
+    bool isUnique = false;
+};
+
+std::vector<ExportedSymbol> ExportedSymbols(const std::filesystem::path& module);

@@ -1,0 +1,69 @@
+#include "tests/support/ChildProcess.h"
+
+#include <array>
+#include <cstdlib>
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+/// A file without a name, for what a program writes.
+class Capture {
+public:
+    Capture() : m_file(memfd_create("capture", MFD_CLOEXEC)) {}
+    Capture(const Capture&) = delete;
+    Capture& operator=(const Capture&) = delete;
+    ~Capture() { close(m_file); }
+
+    int Descriptor() const { return m_file; }
+    std::string Contents() const {
+        std::string text;
+        std::array<char, 4096> part{};
+        lseek(m_file, 0, SEEK_SET);
+        for (ssize_t count = read(m_file, part.data(), part.size()); count > 0;
+             count = read(m_file, part.data(), part.size()))
+            text.append(part.data(), static_cast<std::size_t>(count));
+        return text;
+    }
+
+private:
+    int m_file;
+};
+
+[[noreturn]] void BecomeProgram(const ProgramCall& call, char** arguments, int out, int err) {
+    const int nothing = open("/dev/null", O_RDONLY);
+    if (dup2(nothing, STDIN_FILENO) >= 0 && dup2(out, STDOUT_FILENO) >= 0 && dup2(err, STDERR_FILENO) >= 0 &&
+        (call.folder.empty() || chdir(call.folder.c_str()) == 0)) {
+        for (const auto& [name, value] : call.environment)
+            setenv(name.c_str(), value.c_str(), 1);
+        execvp(arguments[0], arguments);
+    }
+    _exit(127);
+}
+
+}  // namespace
+
+ProgramResult RunProgram(const ProgramCall& call) {
+    const Capture out;
+    const Capture err;
+    std::vector<std::string> texts = {call.program.string()};
+    texts.insert(texts.end(), call.arguments.begin(), call.arguments.end());
+    std::vector<char*> arguments;
+    for (std::string& text : texts)
+        arguments.push_back(text.data());
+    arguments.push_back(nullptr);
+
+    const pid_t child = fork();
+    if (child == 0)
+        BecomeProgram(call, arguments.data(), out.Descriptor(), err.Descriptor());
+    int status = 0;
+    ProgramResult result;
+    if (child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status))
+        result.status = WEXITSTATUS(status);
+    result.out = out.Contents();
+    result.err = err.Contents();
+    return result;
+}

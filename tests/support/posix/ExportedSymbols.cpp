@@ -1,0 +1,18 @@
+#include "tests/support/ExportedSymbols.h"
+
+#include <sstream>
+
+#include "tests/support/ChildProcess.h"
+
+std::vector<ExportedSymbol> ExportedSymbols(const std::filesystem::path& module) {
+    const ProgramResult listing = RunProgram({"nm", {"-DC", "--defined-only", module.string()}, {}, {}});
+    std::istringstream lines(listing.out);
+    std::vector<ExportedSymbol> symbols;
+    // Each line is: address, blank, type, blank, name.
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t blank = line.find(' ');
+        if (blank != std::string::npos && line.size() > blank + 3)
+            symbols.push_back({line.substr(blank + 3), line[blank + 1] == 'u'});
+    }
+    return symbols;
+}

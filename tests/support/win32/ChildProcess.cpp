@@ -1,0 +1,113 @@
+#include "tests/support/ChildProcess.h"
+
+#include <array>
+#include <map>
+
+#include <windows.h>
+
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+std::wstring Wide(const std::string& utf8) {
+    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end())).wstring();
+}
+
+/// One argument as the C runtime of the program takes it apart again.
+std::wstring Quoted(const std::wstring& argument) {
+    std::wstring text = L"\"";
+    std::size_t backslashes = 0;
+    for (const wchar_t character : argument) {
+        if (character == L'"')
+            text.append(backslashes + 1, L'\\');
+        backslashes = character == L'\\' ? backslashes + 1 : 0;
+        text += character;
+    }
+    return text.append(backslashes, L'\\') + L"\"";
+}
+
+std::wstring CommandLine(const ProgramCall& call) {
+    std::wstring line = Quoted(call.program.wstring());
+    for (const std::string& argument : call.arguments)
+        line += L" " + Quoted(Wide(argument));
+    return line;
+}
+
+/// This process's variables with some set anew, as the system wants them: one behind the other.
+std::wstring EnvironmentBlock(const ProgramCall& call) {
+    std::map<std::wstring, std::wstring> variables;
+    wchar_t* const block = ::GetEnvironmentStringsW();
+    for (const wchar_t* entry = block; *entry != L'\0';
+         entry += std::char_traits<wchar_t>::length(entry) + 1) {
+        const std::wstring text = entry;
+        const std::size_t sign = text.find(L'=', 1);
+        variables[text.substr(0, sign)] = sign == std::wstring::npos ? L"" : text.substr(sign + 1);
+    }
+    ::FreeEnvironmentStringsW(block);
+    for (const auto& [name, value] : call.environment)
+        variables[Wide(name)] = Wide(value);
+    std::wstring text;
+    for (const auto& [name, value] : variables)
+        text.append(name).append(L"=").append(value).append(1, L'\0');
+    return text + L'\0';
+}
+
+/// A file that the program writes into.
+class Capture {
+public:
+    explicit Capture(const std::filesystem::path& path) {
+        SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+        m_file = ::CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                               &inherited, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    }
+    Capture(const Capture&) = delete;
+    Capture& operator=(const Capture&) = delete;
+    ~Capture() { ::CloseHandle(m_file); }
+
+    HANDLE Handle() const { return m_file; }
+    std::string Contents() const {
+        std::string text;
+        std::array<char, 4096> part{};
+        DWORD count = 0;
+        ::SetFilePointer(m_file, 0, nullptr, FILE_BEGIN);
+        while (::ReadFile(m_file, part.data(), part.size(), &count, nullptr) != 0 && count > 0)
+            text.append(part.data(), count);
+        return text;
+    }
+
+private:
+    HANDLE m_file;
+};
+
+}  // namespace
+
+ProgramResult RunProgram(const ProgramCall& call) {
+    const TemporaryFolder folder;
+    const Capture in(folder.File("in"));
+    const Capture out(folder.File("out"));
+    const Capture err(folder.File("err"));
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    start.dwFlags = STARTF_USESTDHANDLES;
+    start.hStdInput = in.Handle();
+    start.hStdOutput = out.Handle();
+    start.hStdError = err.Handle();
+    PROCESS_INFORMATION process{};
+    std::wstring line = CommandLine(call);
+    std::wstring environment = EnvironmentBlock(call);
+    ProgramResult result;
+    if (::CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_UNICODE_ENVIRONMENT,
+                         environment.data(), call.folder.empty() ? nullptr : call.folder.c_str(), &start,
+                         &process) == 0)
+        return result;
+    ::WaitForSingleObject(process.hProcess, INFINITE);
+    DWORD status = 0;
+    // What a crash leaves as status has its highest bit set.
+    if (::GetExitCodeProcess(process.hProcess, &status) != 0 && status < 0x80000000)
+        result.status = static_cast<int>(status);
+    ::CloseHandle(process.hThread);
+    ::CloseHandle(process.hProcess);
+    result.out = out.Contents();
+    result.err = err.Contents();
+    return result;
+}
