@@ -14,6 +14,7 @@
 #include <xercesc/util/XMLUni.hpp>
 
 #include "QsUtils/platform/FileContent.h"
+#include "QsUtils/platform/FileStream.h"
 #include "QsUtils/xml/DocumentWriter.h"
 #include "QsUtils/xml/TreeReader.h"
 #include "QsUtils/xml/TreeWriter.h"
@@ -149,7 +150,9 @@ bool CXmlAccessTool::Load(const std::wstring& path, Read read) {
 }
 
 bool CXmlAccessTool::LoadXmlFile(const std::wstring& path) {
-    const auto check = [this](std::u16string& reason) { return CheckDocument(m_bytes, m_strName, reason); };
+    const auto check = [this](std::u16string& reason) {
+        return CheckDocument(*BytesInput(m_bytes, m_strName), m_bytes.size(), reason);
+    };
     if (!Load(path, check))
         return false;
     m_bLoaded = Parse();
@@ -159,10 +162,20 @@ bool CXmlAccessTool::LoadXmlFile(const std::wstring& path) {
 XMLNode* CXmlAccessTool::LoadXMLNode(const std::wstring& path) {
     XMLNode* root = nullptr;
     Load(path, [&](std::u16string& reason) {
-        root = ReadTree(m_bytes, m_strName, reason);
+        root = ReadTree(*BytesInput(m_bytes, m_strName), m_bytes.size(), reason);
         return root != nullptr;
     });
     return root;
+}
+
+XMLNode* CXmlAccessTool::ReadTreeFile(const std::wstring& path) {
+    if (!IsXmlPlatformRunning())
+        return nullptr;
+    QsPlatform::FileStream file{CString(path)};
+    if (file.Failure() != QsPlatform::FileFailure::None || file.Size() > QsPlatform::LargestFile)
+        return nullptr;
+    std::u16string ignored;
+    return ReadTree(*FileInput(file, QsText::WideToUtf16(path)), file.Size(), ignored);
 }
 
 // The document has passed the check by now, so nothing here takes more than its size allows.

@@ -33,6 +33,9 @@ public:
     xercesc::DOMElement* GetRootElement() override;
     bool SaveXmlFile(const std::wstring& path) override;
     std::wstring GetLastErrorText() override;
+    /// The tree of a file for a caller that never asks for its document: neither is the file kept nor a
+    /// parser for documents made.
+    static XMLNode* ReadTreeFile(const std::wstring& path);
     XMLNode* LoadXMLNode(const std::wstring& path) override;
     bool SaveXMLNode(XMLNode* root, const std::wstring& path, const bool& prettyPrint) override;
 

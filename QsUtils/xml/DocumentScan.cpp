@@ -25,9 +25,8 @@ constexpr std::size_t AttributeCost = 4;
 
 }  // namespace
 
-DocumentScan::DocumentScan(ScanMemory& memory, std::string_view bytes, const std::u16string& name,
-                           ScanEvents* events)
-    : SAXParser(nullptr, &memory), m_bytes(bytes), m_name(name), m_events(events), m_budget(bytes.size()) {
+DocumentScan::DocumentScan(ScanMemory& memory, std::size_t size, ScanEvents* events)
+    : SAXParser(nullptr, &memory), m_events(events), m_budget(size) {
     setValidationScheme(Val_Never);
     setDoNamespaces(false);
     setDoSchema(false);
@@ -43,10 +42,9 @@ DocumentScan::DocumentScan(ScanMemory& memory, std::string_view bytes, const std
     setEntityResolver(&m_interest);
 }
 
-bool DocumentScan::Run() {
-    const std::unique_ptr<xercesc::InputSource> source = BytesInput(m_bytes, m_name);
+bool DocumentScan::Run(const xercesc::InputSource& document) {
     try {
-        parse(*source);
+        parse(document);
     } catch (const xercesc::OutOfMemoryException&) {
         throw std::bad_alloc();
     } catch (const xercesc::XMLException& exception) {
@@ -110,6 +108,8 @@ void DocumentScan::startElement(const xercesc::XMLElementDecl& element, unsigned
                                 bool) {
     if (++m_depth > MostDepth)
         throw LimitExceeded{u"the elements are nested too deep"};
+    if (count > MostAttributes)
+        throw LimitExceeded{u"an element has too many attributes"};
     Enter();
     std::size_t cost = NodeCost + Units(element.getFullName()).size();
     for (XMLSize_t i = 0; i < count; ++i) {
@@ -195,12 +195,18 @@ void DocumentScan::elementDecl(const xercesc::DTDElementDecl& element, bool) {
                    Units(element.getFormattedContentModel()).size());
 }
 
+void DocumentScan::Declare(std::size_t cost) {
+    if (++m_declarations > MostDeclarations)
+        throw LimitExceeded{u"the document declares too many entities"};
+    m_budget.Spend(NodeCost + cost);
+}
+
 void DocumentScan::entityDecl(const xercesc::DTDEntityDecl& entity, bool, bool) {
-    m_budget.Spend(NodeCost + Units(entity.getName()).size() + entity.getValueLen());
+    Declare(Units(entity.getName()).size() + entity.getValueLen());
 }
 
 void DocumentScan::notationDecl(const xercesc::XMLNotationDecl&, bool) {
-    m_budget.Spend(NodeCost);
+    Declare(0);
 }
 
 }  // namespace QsXml

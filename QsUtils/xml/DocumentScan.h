@@ -34,22 +34,23 @@ protected:
     ~ScanEvents() = default;
 };
 
-/// Parses a document with the settings of the document way and within its limits. Nothing but the given bytes
+/// Parses a document with the settings of the document way and within its limits. Nothing but its own bytes
 /// is read: what the document names elsewhere counts as empty.
 class DocumentScan final : private xercesc::SAXParser {
 public:
-    /// `bytes` and `name`, which messages give as the document's, must outlive the scan. `events` may be
-    /// null, when only the question is whether the document can be parsed.
-    DocumentScan(ScanMemory& memory, std::string_view bytes, const std::u16string& name, ScanEvents* events);
+    /// `size` is that of the document in bytes. `events` may be null, when only the question is whether the
+    /// document can be parsed.
+    DocumentScan(ScanMemory& memory, std::size_t size, ScanEvents* events);
 
     /// Runs once. False when the document isn't well-formed or passes a limit, also when what came before
     /// has been told. Raises memory exhaustion and what the events raise.
-    bool Run();
+    bool Run(const xercesc::InputSource& document);
     /// Why it was false.
     const std::u16string& ErrorText() const noexcept { return m_error; }
 
 private:
     void Fail(std::u16string_view text);
+    void Declare(std::size_t cost);
     void Enter();
     void Leave();
 
@@ -84,8 +85,6 @@ private:
     void notationDecl(const xercesc::XMLNotationDecl&, bool) override;
     void resetDocType() override {}
 
-    std::string_view m_bytes;
-    const std::u16string& m_name;
     ScanEvents* m_events;
     xercesc::HandlerBase m_interest;  // makes the parser ask; all answers are given above
     xercesc::SecurityManager m_limits;
@@ -94,6 +93,7 @@ private:
     std::size_t m_depth = 0;             // of elements
     std::size_t m_references = 0;        // entities that are open
     std::size_t m_depthInReference = 0;  // of elements and entities in the outermost one
+    std::size_t m_declarations = 0;
     std::u16string m_error;
     bool m_failed = false;
 };

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <memory>
+#include <string>
+#include <string_view>
 
 #include <xercesc/dom/DOMElement.hpp>
 #include <xercesc/dom/DOMImplementation.hpp>
@@ -10,6 +12,8 @@
 #include <xercesc/util/PlatformUtils.hpp>
 
 #include "QsUtils/platform/DeepStack.h"
+#include "QsUtils/xml/DeclarationTarget.h"
+#include "QsUtils/xml/EncodingNames.h"
 #include "QsUtils/xml/FileTarget.h"
 #include "QsUtils/xml/Release.h"
 #include "QsUtils/xml/XmlText.h"
@@ -39,6 +43,26 @@ const xercesc::DOMNode* NextNode(const xercesc::DOMNode* node, std::size_t& dept
     return depth > 1 ? node->getNextSibling() : nullptr;
 }
 
+/// How to write a document where the serializer, left alone, would not write what it was read from.
+struct OutputEncoding {
+    std::string name;      // for the serializer; empty when its own choice is right
+    std::string declared;  // in the declaration, if that is another one
+};
+
+OutputEncoding EncodingOf(const xercesc::DOMDocument& document) {
+    const std::u16string_view input = Units(document.getInputEncoding());
+    const std::string name(input.begin(), input.end());
+    if (NamesGb2312(name)) {
+        const std::u16string_view gbk = GbkName();
+        return {std::string(gbk.begin(), gbk.end()), name};
+    }
+    // The parser's own name for UTF-16 without a declaration, "UTF-16 (LE)", is none that it reads again.
+    const std::size_t bracket = name.find(" (");
+    if (bracket != std::string::npos && name.back() == ')')
+        return {name.substr(0, bracket) + name.substr(bracket + 2, name.size() - bracket - 3), {}};
+    return {};
+}
+
 }  // namespace
 
 std::size_t DepthOf(const xercesc::DOMDocument& document) {
@@ -57,7 +81,11 @@ bool WriteDocument(const xercesc::DOMDocument& document, xercesc::DOMLSSerialize
         xercesc::DOMImplementationRegistry::getDOMImplementation(Xml(u"LS"));
     const Released<xercesc::DOMLSOutput> output(
         implementation->createLSOutput(xercesc::XMLPlatformUtils::fgMemoryManager));
-    output->setByteStream(&target);
+    const OutputEncoding encoding = EncodingOf(document);
+    DeclarationTarget declaration(target, encoding.name, encoding.declared);
+    output->setByteStream(&declaration);
+    if (!encoding.name.empty())
+        output->setEncoding(Xml(std::u16string(encoding.name.begin(), encoding.name.end())));
     bool written = false;
     auto write = [&] { written = serializer.write(&document, output.get()); };
     const std::size_t depth = DepthOf(document);

@@ -14,7 +14,7 @@ namespace QsXml {
 bool WriteDocument(const xercesc::DOMDocument& document, xercesc::DOMLSSerializer& serializer,
                    const std::wstring& path);
 
-/// How many levels of elements a document has, as far as the serializer goes down.
+/// How many levels of nodes a document has below itself, as far as the serializer goes down.
 std::size_t DepthOf(const xercesc::DOMDocument& document);
 
 }  // namespace QsXml

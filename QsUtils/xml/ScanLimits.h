@@ -15,6 +15,10 @@ inline constexpr std::size_t MostDepth = std::size_t{1} << 18;
 inline constexpr std::size_t MostEntityDepth = 512;
 /// How many references to entities may be replaced.
 inline constexpr std::size_t MostExpansions = 50'000;
+/// How many attributes an element may have, and how many entities and notations a document may declare: a DOM
+/// keeps both in sorted arrays, which take quadratic time.
+inline constexpr std::size_t MostAttributes = std::size_t{1} << 14;
+inline constexpr std::size_t MostDeclarations = std::size_t{1} << 16;
 
 /// Raised when a document passes a limit; it never leaves the module.
 struct LimitExceeded {

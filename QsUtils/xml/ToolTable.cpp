@@ -1,10 +1,13 @@
 #include "QsUtils/xml/ToolTable.h"
 
+#include <mutex>
+#include <utility>
+
 namespace QsXml {
 
 namespace {
 
-// Beside the table and not in it: a table that was cleared goes on counting.
+// Beside the table and not in it: a table that was cleared goes on counting. Guarded by the table's lock.
 std::int32_t nextId = 1001;
 
 /// A tool that goes with its scope, whatever is raised.
@@ -24,6 +27,7 @@ private:
 }  // namespace
 
 CXmlAccessTool& ToolTable::Add() {
+    const std::lock_guard lock(m_lock);
     auto tool = std::make_unique<CXmlAccessTool>(nextId);
     CXmlAccessTool& place = *tool;
     m_tools.emplace(nextId, std::move(tool));
@@ -35,12 +39,17 @@ void ToolTable::Remove(NS_XMLACCESS::IXmlAccessTool* tool) {
     const auto* const own = dynamic_cast<CXmlAccessTool*>(tool);
     if (own == nullptr)
         return;
+    std::unique_ptr<CXmlAccessTool> ended;  // behind the lock: a large document takes its time
+    const std::lock_guard lock(m_lock);
     const auto found = m_tools.find(own->Id());
-    if (found != m_tools.end() && found->second.get() == own)
+    if (found != m_tools.end() && found->second.get() == own) {
+        ended = std::move(found->second);
         m_tools.erase(found);
+    }
 }
 
 void ToolTable::Clear() {
+    const std::lock_guard lock(m_lock);
     for (auto& [id, tool] : m_tools)
         tool.reset();
     m_tools.clear();
@@ -57,7 +66,8 @@ void RemoveXmlAccessTool(NS_XMLACCESS::IXmlAccessTool* tool) {
 }
 
 XMLNode* LoadXMLNode(const std::wstring& path) {
-    return QsXml::ScopedTool()->LoadXMLNode(path);
+    const QsXml::ScopedTool tool;  // it has nothing to do, but takes its number
+    return QsXml::CXmlAccessTool::ReadTreeFile(path);
 }
 
 bool SaveXMLNode(XMLNode* root, const std::wstring& path, const bool& prettyPrint) {

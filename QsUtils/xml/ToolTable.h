@@ -5,11 +5,12 @@
 #include <map>
 #include <memory>
 
+#include "QsUtils/platform/Mutex.h"
 #include "QsUtils/xml/CXmlAccessTool.h"
 
 namespace QsXml {
 
-/// Owns every living tool. It has no lock: one thread at a time.
+/// Owns every living tool. Any thread may call it, so that trees can be read on several threads at once.
 class ToolTable {
 public:
     /// A new tool under the next number; numbers aren't used again.
@@ -18,9 +19,9 @@ public:
     void Remove(NS_XMLACCESS::IXmlAccessTool* tool);
     /// Ends all tools, in the order in which they were made.
     void Clear();
-    std::size_t Size() const noexcept { return m_tools.size(); }
 
 private:
+    QsPlatform::Mutex m_lock;
     std::map<std::int32_t, std::unique_ptr<CXmlAccessTool>> m_tools;
 };
 

@@ -106,10 +106,10 @@ void TreeBuilder::EndText() {
     m_state = State::Done;
 }
 
-bool Scan(std::string_view bytes, const std::u16string& name, ScanEvents* events, std::u16string& error) {
-    ScanMemory memory(bytes.size());
-    DocumentScan scan(memory, bytes, name, events);
-    if (scan.Run())
+bool Scan(const xercesc::InputSource& document, std::size_t size, ScanEvents* events, std::u16string& error) {
+    ScanMemory memory(size);
+    DocumentScan scan(memory, size, events);
+    if (scan.Run(document))
         return true;
     error = scan.ErrorText();
     return false;
@@ -117,13 +117,13 @@ bool Scan(std::string_view bytes, const std::u16string& name, ScanEvents* events
 
 }  // namespace
 
-XMLNode* ReadTree(std::string_view bytes, const std::u16string& name, std::u16string& error) {
+XMLNode* ReadTree(const xercesc::InputSource& document, std::size_t size, std::u16string& error) {
     TreeBuilder builder;
-    return Scan(bytes, name, &builder, error) ? builder.Release() : nullptr;
+    return Scan(document, size, &builder, error) ? builder.Release() : nullptr;
 }
 
-bool CheckDocument(std::string_view bytes, const std::u16string& name, std::u16string& error) {
-    return Scan(bytes, name, nullptr, error);
+bool CheckDocument(const xercesc::InputSource& document, std::size_t size, std::u16string& error) {
+    return Scan(document, size, nullptr, error);
 }
 
 }  // namespace QsXml

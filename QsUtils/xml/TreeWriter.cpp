@@ -1,8 +1,8 @@
 #include "QsUtils/xml/TreeWriter.h"
 
 #include <algorithm>
+#include <map>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include <xercesc/dom/DOMDocument.hpp>
@@ -31,12 +31,29 @@ std::u16string DomText(const std::wstring& wide) {
     return text;
 }
 
-std::u16string DomName(const std::wstring& wide) {
-    std::u16string name = DomText(wide);
+/// The same without leaving the wide characters.
+std::wstring_view UpToNul(const std::wstring& text) {
+    return std::wstring_view(text).substr(0, text.find(L'\0'));
+}
+
+/// Whether a name is one by its ASCII letters alone, as most are.
+bool IsPlainName(std::wstring_view name) {
+    const auto isStart = [](wchar_t c) {
+        return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z') || c == L'_' || c == L':';
+    };
+    const auto isPart = [&](wchar_t c) {
+        return isStart(c) || (c >= L'0' && c <= L'9') || c == L'-' || c == L'.';
+    };
+    return !name.empty() && isStart(name.front()) && std::all_of(name.begin(), name.end(), isPart);
+}
+
+void CheckName(const std::wstring& wide) {
+    if (IsPlainName(wide))
+        return;
+    const std::u16string name = DomText(wide);
     if (!xercesc::XMLChar1_0::isValidName(Xml(name), name.size()))
         throw xercesc::DOMException(xercesc::DOMException::INVALID_CHARACTER_ERR, 0,
                                     xercesc::XMLPlatformUtils::fgMemoryManager);
-    return name;
 }
 
 /// The root's name has to be one for namespaces as well, which the DOM alone knows.
@@ -80,9 +97,9 @@ void CheckNames(const XMLNode& root) {
     Walk(
         root,
         [](const XMLNode& node, std::size_t) {
-            static_cast<void>(DomName(node.Name));
+            CheckName(node.Name);
             for (const auto& attribute : node.Attributes)
-                static_cast<void>(DomName(attribute.first));
+                CheckName(attribute.first);
             return 0;
         },
         [](const XMLNode&, std::size_t, int) {});
@@ -90,17 +107,19 @@ void CheckNames(const XMLNode& root) {
 
 class TreeWriter {
 public:
-    TreeWriter(FileTarget& target, bool prettyPrint) : m_output(target), m_prettyPrint(prettyPrint) {}
+    TreeWriter(xercesc::XMLFormatTarget& target, bool prettyPrint)
+        : m_output(target), m_prettyPrint(prettyPrint) {}
 
     void Write(const XMLNode& root);
 
 private:
-    using Attribute = std::pair<std::u16string, std::u16string>;
-
     int Begin(const XMLNode& node, std::size_t level);
     void End(const XMLNode& node, std::size_t level, int line);
     void WriteAttributes(const XMLNode& node);
-    void WriteText(const std::u16string& text);
+    void SortAttributes(const XMLNode& node);
+    template <typename Unit>
+    void WriteAttribute(std::basic_string_view<Unit> name, std::basic_string_view<Unit> value);
+    void WriteText(std::wstring_view text);
     void BreakLine();
     void Indent(std::size_t level);
 
@@ -111,7 +130,6 @@ private:
 
     Utf8Output m_output;
     const bool m_prettyPrint;
-    std::vector<Attribute> m_attributes;
     // Pretty printing. Where a text of blanks has broken the line already, no second break follows, and its
     // last blanks count as indentation.
     int m_line = 0;
@@ -125,6 +143,7 @@ void TreeWriter::Write(const XMLNode& root) {
         root, [this](const XMLNode& node, std::size_t level) { return Begin(node, level); },
         [this](const XMLNode& node, std::size_t level, int line) { End(node, level, line); });
     BreakLine();
+    m_output.Flush();
 }
 
 int TreeWriter::Begin(const XMLNode& node, std::size_t level) {
@@ -137,12 +156,12 @@ int TreeWriter::Begin(const XMLNode& node, std::size_t level) {
     Indent(level);
     const int line = m_line;
     m_output.Plain("<");
-    m_output.Name(DomText(node.Name));
+    m_output.Name(UpToNul(node.Name));
     WriteAttributes(node);
     if (HasContent(node)) {
         m_output.Plain(">");
         if (!node.Text.empty())
-            WriteText(DomText(node.Text));
+            WriteText(UpToNul(node.Text));
     } else {
         m_output.Plain("/>");
     }
@@ -161,40 +180,49 @@ void TreeWriter::End(const XMLNode& node, std::size_t level, int line) {
         Indent(level);
     }
     m_output.Plain("</");
-    m_output.Name(DomText(node.Name));
+    m_output.Name(UpToNul(node.Name));
     m_output.Plain(">");
 }
 
-void TreeWriter::WriteAttributes(const XMLNode& node) {
-    m_attributes.clear();
-    for (const auto& [name, value] : node.Attributes)
-        m_attributes.emplace_back(DomText(name), DomText(value));
-    // Wide characters may stand in another order than their units, and a NUL makes names alike that differ
-    // behind it: the last one counts.
-    const auto isBefore = [](const Attribute& a, const Attribute& b) { return a.first < b.first; };
-    if (!std::is_sorted(m_attributes.begin(), m_attributes.end(), isBefore))
-        std::stable_sort(m_attributes.begin(), m_attributes.end(), isBefore);
-    for (std::size_t i = 0; i < m_attributes.size(); ++i) {
-        const auto& [name, value] = m_attributes[i];
-        if (i + 1 < m_attributes.size() && m_attributes[i + 1].first == name)
-            continue;
-        m_output.Plain(" ");
-        m_output.Name(name);
-        m_output.Plain("=\"");
-        m_output.AttributeValue(value);
-        m_output.Plain("\"");
-    }
+template <typename Unit>
+void TreeWriter::WriteAttribute(std::basic_string_view<Unit> name, std::basic_string_view<Unit> value) {
+    m_output.Plain(" ");
+    m_output.Name(name);
+    m_output.Plain("=\"");
+    m_output.AttributeValue(value);
+    m_output.Plain("\"");
 }
 
-void TreeWriter::WriteText(const std::u16string& text) {
-    m_output.Check(text);
+void TreeWriter::WriteAttributes(const XMLNode& node) {
+    // Wide characters may stand in another order than their units, and a NUL makes names alike that differ
+    // behind it. Neither happens to names of ASCII or of hanzi.
+    const auto isOrdinary = [](wchar_t c) { return c != L'\0' && static_cast<char32_t>(c) < 0xD800; };
+    for (const auto& attribute : node.Attributes) {
+        if (!std::all_of(attribute.first.begin(), attribute.first.end(), isOrdinary)) {
+            SortAttributes(node);
+            return;
+        }
+    }
+    for (const auto& [name, value] : node.Attributes)
+        WriteAttribute(std::wstring_view(name), UpToNul(value));
+}
+
+void TreeWriter::SortAttributes(const XMLNode& node) {
+    std::map<std::u16string, std::u16string> attributes;
+    for (const auto& [name, value] : node.Attributes)
+        attributes[DomText(name)] = DomText(value);  // the last of several counts
+    for (const auto& [name, value] : attributes)
+        WriteAttribute(std::u16string_view(name), std::u16string_view(value));
+}
+
+void TreeWriter::WriteText(std::wstring_view text) {
     m_textBrokeLine = false;
     m_blanksOfText = 0;
-    if (m_prettyPrint && text.find_first_not_of(u" \t\r\n") == std::u16string::npos) {
-        std::size_t lastBreak = text.rfind(u'\n');
-        if (lastBreak == std::u16string::npos)
-            lastBreak = text.rfind(u'\r');
-        if (lastBreak != std::u16string::npos) {
+    if (m_prettyPrint && text.find_first_not_of(L" \t\r\n") == std::wstring_view::npos) {
+        std::size_t lastBreak = text.rfind(L'\n');
+        if (lastBreak == std::wstring_view::npos)
+            lastBreak = text.rfind(L'\r');
+        if (lastBreak != std::wstring_view::npos) {
             m_textBrokeLine = true;
             m_blanksOfText = text.size() - lastBreak;
         }
@@ -220,8 +248,13 @@ void TreeWriter::Indent(std::size_t level) {
 
 }  // namespace
 
-void WriteTree(const XMLNode& root, const std::wstring& path, bool prettyPrint) {
+void WriteTree(const XMLNode& root, xercesc::XMLFormatTarget& target, bool prettyPrint) {
     CheckNames(root);
+    TreeWriter(target, prettyPrint).Write(root);
+}
+
+void WriteTree(const XMLNode& root, const std::wstring& path, bool prettyPrint) {
+    CheckNames(root);  // before the file, as the DOM would
     FileTarget target(path);
     TreeWriter(target, prettyPrint).Write(root);
     target.Commit();

@@ -8,52 +8,75 @@ namespace QsXml {
 
 namespace {
 
-constexpr bool IsHighSurrogate(char16_t unit) {
-    return (unit & 0xFC00) == 0xD800;
+constexpr bool IsHighSurrogate(char32_t unit) {
+    return (unit & 0xFFFFFC00) == 0xD800;
 }
-constexpr bool IsLowSurrogate(char16_t unit) {
-    return (unit & 0xFC00) == 0xDC00;
+constexpr bool IsLowSurrogate(char32_t unit) {
+    return (unit & 0xFFFFFC00) == 0xDC00;
 }
 
-/// Production [2] of XML 1.0, for the units outside of surrogates.
-constexpr bool IsXmlUnit(char16_t unit) {
+/// Production [2] of XML 1.0, but for pairs of surrogates.
+constexpr bool IsXmlCharacter(char32_t unit) {
     if (unit < 0x20)
-        return unit == u'\t' || unit == u'\n' || unit == u'\r';
-    return unit < 0xD800 || (unit >= 0xE000 && unit <= 0xFFFD);
+        return unit == U'\t' || unit == U'\n' || unit == U'\r';
+    return unit < 0xD800 || (unit >= 0xE000 && unit != 0xFFFE && unit != 0xFFFF);
 }
 
-std::string_view NoEscape(char16_t) {
+template <typename Unit>
+char32_t At(std::basic_string_view<Unit> text, std::size_t i) {
+    return static_cast<char32_t>(text[i]);
+}
+
+template <typename Unit>
+bool IsPair(std::basic_string_view<Unit> text, std::size_t i) {
+    return IsHighSurrogate(At(text, i)) && i + 1 < text.size() && IsLowSurrogate(At(text, i + 1));
+}
+
+template <typename Unit>
+void Check(std::basic_string_view<Unit> text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (IsXmlCharacter(At(text, i)))
+            continue;
+        if (!IsPair(text, i))
+            throw xercesc::DOMLSException(xercesc::DOMLSException::SERIALIZE_ERR,
+                                          xercesc::XMLDOMMsg::INVALID_CHARACTER_ERR,
+                                          xercesc::XMLPlatformUtils::fgMemoryManager);
+        ++i;
+    }
+}
+
+std::string_view NoEscape(char32_t) {
     return {};
 }
 
-std::string_view AttributeEscape(char16_t unit) {
+std::string_view AttributeEscape(char32_t unit) {
     switch (unit) {
-        case u'&':
+        case U'&':
             return "&amp;";
-        case u'<':
+        case U'<':
             return "&lt;";
-        case u'"':
+        case U'"':
             return "&quot;";
-        case u'\n':
+        case U'\n':
             return "&#xA;";
-        case u'\r':
+        case U'\r':
             return "&#xD;";
-        case u'\t':
+        case U'\t':
             return "&#x9;";
         default:
             return {};
     }
 }
 
-std::string_view TextEscape(char16_t unit) {
+std::string_view TextEscape(char32_t unit) {
     switch (unit) {
-        case u'&':
+        case U'&':
             return "&amp;";
-        case u'<':
+        case U'<':
             return "&lt;";
-        case u'>':
+        case U'>':
             return "&gt;";
-        case u'\r':
+        case U'\r':
             return "&#xD;";
         default:
             return {};
@@ -83,57 +106,60 @@ std::size_t Encode(char32_t character, char* bytes) {
 
 }  // namespace
 
-void Utf8Output::Check(std::u16string_view text) {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (IsXmlUnit(text[i]))
-            continue;
-        if (IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
-            ++i;
-            continue;
-        }
-        throw xercesc::DOMLSException(xercesc::DOMLSException::SERIALIZE_ERR,
-                                      xercesc::XMLDOMMsg::INVALID_CHARACTER_ERR,
-                                      xercesc::XMLPlatformUtils::fgMemoryManager);
-    }
+void Utf8Output::Plain(std::string_view ascii) {
+    MakeRoom(ascii.size());
+    m_used += ascii.copy(m_buffer + m_used, ascii.size());
 }
 
-template <typename Escape>
-void Utf8Output::Write(std::u16string_view text, Escape escape) {
-    char bytes[256];
-    std::size_t used = 0;
+void Utf8Output::Flush() {
+    m_target.writeChars(reinterpret_cast<const XMLByte*>(m_buffer), m_used, nullptr);
+    m_used = 0;
+}
+
+/// `escape` gives what stands for a unit below U+0080, or an empty text.
+template <typename Unit, typename Escape>
+void Utf8Output::Write(std::basic_string_view<Unit> text, Escape escape) {
+    constexpr std::size_t longest = 8;  // of an escape or a character
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (used > sizeof(bytes) - 8) {
-            m_target.Append({bytes, used});
-            used = 0;
-        }
-        const char16_t unit = text[i];
-        if (unit < 0x80) {
-            const std::string_view escaped = escape(unit);
+        MakeRoom(longest);
+        char32_t character = At(text, i);
+        if (character < 0x80) {
+            const std::string_view escaped = escape(character);
             if (escaped.empty())
-                bytes[used++] = static_cast<char>(unit);
+                m_buffer[m_used++] = static_cast<char>(character);
             else
-                used += escaped.copy(bytes + used, escaped.size());
+                m_used += escaped.copy(m_buffer + m_used, escaped.size());
             continue;
         }
-        char32_t character = unit;
-        if (IsHighSurrogate(unit) && i + 1 < text.size())
-            character = 0x10000 + ((character - 0xD800) << 10) + (static_cast<char32_t>(text[++i]) - 0xDC00);
-        used += Encode(character, bytes + used);
+        if (IsPair(text, i))
+            character = 0x10000 + ((character - 0xD800) << 10) + (At(text, ++i) - 0xDC00);
+        else if (character > 0x10FFFF)
+            character = 0xFFFD;
+        m_used += Encode(character, m_buffer + m_used);
     }
-    m_target.Append({bytes, used});
 }
 
-void Utf8Output::Name(std::u16string_view name) {
+template <typename Unit>
+void Utf8Output::Name(std::basic_string_view<Unit> name) {
     Write(name, NoEscape);
 }
 
-void Utf8Output::AttributeValue(std::u16string_view value) {
+template <typename Unit>
+void Utf8Output::AttributeValue(std::basic_string_view<Unit> value) {
     Check(value);
     Write(value, AttributeEscape);
 }
 
-void Utf8Output::CharacterData(std::u16string_view text) {
+template <typename Unit>
+void Utf8Output::CharacterData(std::basic_string_view<Unit> text) {
+    Check(text);
     Write(text, TextEscape);
 }
+
+template void Utf8Output::Name(std::wstring_view);
+template void Utf8Output::Name(std::u16string_view);
+template void Utf8Output::AttributeValue(std::wstring_view);
+template void Utf8Output::AttributeValue(std::u16string_view);
+template void Utf8Output::CharacterData(std::wstring_view);
 
 }  // namespace QsXml

@@ -86,7 +86,7 @@ public:
 
 extern "C" {
 
-// One table holds all tools, and it has no lock: these four are for one thread at a time.
+// Any thread may call these four; a tool is for the thread that it was made for.
 
 /// A new tool. It belongs to the module, which ends it at the latest when it is unloaded.
 QSUTILS_API NS_XMLACCESS::IXmlAccessTool* GetXmlAccessTool();

@@ -4,6 +4,7 @@
 
 #include "QsUtils/text/CString.h"
 #include "QsUtils/xml/TreeReader.h"
+#include "QsUtils/xml/XmlInput.h"
 
 #include "tests/xml/PlainTreeReader.h"
 #include "tests/xml/RandomDocument.h"
@@ -14,7 +15,8 @@ const std::u16string documentName = u"document";
 
 std::unique_ptr<XMLNode> Read(std::string_view bytes, std::u16string* error = nullptr) {
     std::u16string reason;
-    std::unique_ptr<XMLNode> root(QsXml::ReadTree(bytes, documentName, reason));
+    std::unique_ptr<XMLNode> root(
+        QsXml::ReadTree(*QsXml::BytesInput(bytes, documentName), bytes.size(), reason));
     if (error != nullptr)
         *error = reason;
     return root;

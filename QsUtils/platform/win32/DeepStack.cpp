@@ -3,7 +3,7 @@
 #include <exception>
 #include <new>
 
-#include <windows.h>
+#include "QsUtils/platform/win32/Windows.h"
 
 namespace QsPlatform {
 
