@@ -10,3 +10,5 @@
 #include "QsUtils/text/CAtlException.h"
 #include "QsUtils/text/CString.h"
 #include "QsUtils/text/CStringArray.h"
+#include "QsUtils/xml/XMLNode.h"
+#include "QsUtils/xml/XmlAccess.h"

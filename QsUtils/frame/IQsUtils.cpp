@@ -148,6 +148,20 @@ void IQsUtils::SortItemCodes(std::vector<std::pair<CString, void*>>& items) {
     QsCodes::SortItemCodes(items);
 }
 
+// --- Majors
+
+void IQsUtils::GetMajorCodeByName(const CString& name, CString& code) {
+    QsFrame::Majors().GetMajorCodeByName(name, code);
+}
+
+void IQsUtils::GetMajorByCode(const CString& code, CString& name) {
+    QsFrame::Majors().GetMajorByCode(code, name);
+}
+
+void IQsUtils::GetAllMajorName(CStringArray& names) {
+    QsFrame::Majors().GetAllMajorName(names);
+}
+
 // --- Variables in formulas
 
 bool IQsUtils::IsVariable(const CString& text) {

@@ -111,6 +111,16 @@ public:
     static void SortQdItemCodes(std::vector<std::pair<CString, void*>>& items);
     static void SortItemCodes(std::vector<std::pair<CString, void*>>& items);
 
+    // --- Majors, from the file MajorCode.ini beside the executable, which is read at the first of these
+    // calls. A missing file, like an unknown key, gives an empty text.
+
+    /// The code of a major: "建筑工程" is "T". A name that the product doesn't know is looked up in the file.
+    static void GetMajorCodeByName(const CString& name, CString& code);
+    /// The major of a code. A code that the product doesn't know is looked up in the file among the names.
+    static void GetMajorByCode(const CString& code, CString& name);
+    /// Appends the names of majors that have a code, in ascending order of their units.
+    static void GetAllMajorName(CStringArray& names);
+
     // --- Variables in formulas
 
     /// Whether the text of a formula holds a variable.

@@ -1,6 +1,7 @@
 // Forwards to the services: a facade does no work of its own.
 #include "QsUtils/frame/IQsUtils1.h"
 
+#include "QsUtils/frame/Services.h"
 #include "QsUtils/material/MaterialDigest.h"
 #include "QsUtils/text/NumberText.h"
 #include "QsUtils/text/Segments.h"
@@ -21,6 +22,10 @@ bool IQsUtils1::IsValidRateOfTransPrice(const CString& text) {
 
 double IQsUtils1::GetFormatedRateOfTransPrice(const CString& text) {
     return QsText::GetFormatedRateOfTransPrice(text);
+}
+
+int IQsUtils1::GetUnitMantissa(CString const& strUnit) {
+    return QsFrame::UnitDecimals().GetUnitMantissa(strUnit);
 }
 
 bool IQsUtils1::GetIndicatorsUnit(CString const& strUnit, CString& strIndicatorUnit) {

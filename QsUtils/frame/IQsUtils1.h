@@ -21,6 +21,12 @@ public:
     /// The number that a rate of price transfer begins with; "免税" and a text without a number are 0.
     static double GetFormatedRateOfTransPrice(const CString& text);
 
+    /// How many decimals a quantity in this unit takes, by the file GB50500-2008.xml beside the executable,
+    /// which is read at the first call. The unit is looked for as it stands; one that the file lacks takes 2
+    /// decimals if the file states a default, whatever it states, and 0 if it doesn't. Without a good file
+    /// every unit takes 2.
+    static int GetUnitMantissa(CString const& strUnit);
+
     /// The canonical indicator unit of a unit: "kg" is counted in "吨". False, with the output left alone,
     /// for a unit that has none.
     static bool GetIndicatorsUnit(CString const& strUnit, CString& strIndicatorUnit);

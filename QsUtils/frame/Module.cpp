@@ -5,14 +5,32 @@
 #include "QsUtils/frame/IQsUtils.h"
 #include "QsUtils/frame/LazyService.h"
 #include "QsUtils/frame/Services.h"
+#include "QsUtils/xml/ToolTable.h"
 #include "QsUtils/xml/XmlPlatform.h"
+
+namespace {
+
+// Whoever asks for a table gets it filled.
+struct LoadedMajors final : QsCodes::CConvertMajorAndCode {
+    LoadedMajors() { Load(FilePath()); }
+};
+
+struct LoadedUnitDecimals final : QsUnits::CUnitMantissa {
+    LoadedUnitDecimals() { Load(FilePath()); }
+};
+
+constinit QsFrame::ServiceHolder<LoadedMajors> theMajors;
+
+}  // namespace
 
 CString IQsUtils::m_strSoftVersion;
 
 namespace {
 
 CQsUtilsApp theApp;
+QsXml::ToolTable theXmlTools;
 constinit QsFrame::ServiceHolder<COprateString> theFormulaVariables;
+constinit QsFrame::ServiceHolder<LoadedUnitDecimals> theUnitDecimals;
 
 // Ended by the end sequence, not by their own destructors.
 constinit QsFrame::LazyService<ExpressionAnalyse::CExpressionAnalyse> theExpressionAnalyser;
@@ -27,12 +45,14 @@ const struct ModuleStart {
 }  // namespace
 
 bool CQsUtilsApp::InitInstance() {
+    theXmlTools.Clear();
     QsXml::StartXmlPlatform();
     return true;
 }
 
 int CQsUtilsApp::ExitInstance() {
     theExpressionAnalyser.Destroy();
+    theXmlTools.Clear();  // tools hold objects of the platform
     QsXml::EndXmlPlatform();
     return 0;
 }
@@ -45,10 +65,26 @@ IExpressionAnalyse* GetExpressionAnalyser() {
 
 }  // namespace ExpressionAnalyse
 
+namespace QsXml {
+
+ToolTable& Tools() {
+    return theXmlTools;
+}
+
+}  // namespace QsXml
+
 namespace QsFrame {
+
+QsCodes::CConvertMajorAndCode& Majors() {
+    return theMajors.Get();
+}
 
 COprateString& FormulaVariables() {
     return theFormulaVariables.Get();
+}
+
+QsUnits::CUnitMantissa& UnitDecimals() {
+    return theUnitDecimals.Get();
 }
 
 }  // namespace QsFrame

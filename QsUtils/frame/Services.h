@@ -2,11 +2,19 @@
 // load and the end of the module.
 #pragma once
 
+#include "QsUtils/codes/CConvertMajorAndCode.h"
 #include "QsUtils/expression/COprateString.h"
+#include "QsUtils/units/CUnitMantissa.h"
 
 namespace QsFrame {
 
+/// The majors and their codes, loaded at the first call; they die with the static objects.
+QsCodes::CConvertMajorAndCode& Majors();
+
 /// The scanner of formula variables; it dies with the static objects.
 COprateString& FormulaVariables();
+
+/// The decimals of units, loaded at the first call; they die with the static objects.
+QsUnits::CUnitMantissa& UnitDecimals();
 
 }  // namespace QsFrame

@@ -26,4 +26,8 @@ void EndXmlPlatform() {
     xercesc::XMLPlatformUtils::Terminate();
 }
 
+bool IsXmlPlatformRunning() noexcept {
+    return xercesc::XMLPlatformUtils::fgMemoryManager != nullptr;
+}
+
 }  // namespace QsXml

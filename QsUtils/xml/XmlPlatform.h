@@ -11,4 +11,7 @@ void StartXmlPlatform();
 /// Ends the platform; does nothing when it didn't start.
 void EndXmlPlatform();
 
+/// Whether the platform runs: without it no other call of the XML library may be made.
+bool IsXmlPlatformRunning() noexcept;
+
 }  // namespace QsXml

@@ -15,28 +15,9 @@ using Spelling = std::pair<std::string_view, std::string_view>;
 constexpr std::array Spellings = {Spelling{"㎡", "m2"}, Spelling{"㎥", "m3"}, Spelling{"²", "2"},
                                   Spelling{"³", "3"},   Spelling{"　", ""},   Spelling{" ", ""}};
 
-using Rule = std::pair<std::string_view, int>;
-// As the measurement code asks: tonnes to the kilogram, lengths, areas and volumes to the hundredth, pieces
-// whole.
-constexpr std::array Rules = {
-    Rule{"t", 3},  Rule{"T", 3},    Rule{"吨", 3},   Rule{"kg", 2},   Rule{"KG", 2},   Rule{"公斤", 2},
-    Rule{"m", 2},  Rule{"m2", 2},   Rule{"M2", 2},   Rule{"m3", 2},   Rule{"M3", 2},   Rule{"个", 0},
-    Rule{"件", 0}, Rule{"根", 0},   Rule{"组", 0},   Rule{"樘", 0},   Rule{"套", 0},   Rule{"项", 0},
-    Rule{"座", 0}, Rule{"台", 0},   Rule{"块", 0},   Rule{"榀", 0},   Rule{"系统", 0}, Rule{"处", 0},
-    Rule{"支", 0}, Rule{"副", 0},   Rule{"台班", 2}, Rule{"工日", 2}, Rule{"台次", 0}, Rule{"孔", 0},
-    Rule{"棵", 0}, Rule{"株", 0},   Rule{"面", 0},   Rule{"段", 0},   Rule{"昼夜", 0}, Rule{"间", 0},
-    Rule{"把", 0}, Rule{"千块", 3}, Rule{"百块", 2}, Rule{"万块", 4}};
-constexpr int OtherUnits = 2;
-
 std::size_t MultipleLength(std::string_view unit) {
     const std::size_t length = unit.find_first_not_of("0123456789");
     return length == std::string_view::npos ? 0 : length;
-}
-
-int DecimalsWithoutMultiple(std::string_view unit) {
-    const auto rule =
-        std::find_if(Rules.begin(), Rules.end(), [&](const Rule& each) { return each.first == unit; });
-    return rule == Rules.end() ? OtherUnits : rule->second;
 }
 
 }  // namespace
@@ -51,9 +32,11 @@ std::string NormalizeUnit(std::string_view unit) {
 
 int UnitDecimals(std::string_view unit) {
     const std::size_t multiple = MultipleLength(unit);
-    const int zeros = multiple == 0 ? 0 : static_cast<int>(multiple) - 1;
-    return std::min(MaxDecimals,
-                    std::min(zeros, MaxDecimals) + DecimalsWithoutMultiple(unit.substr(multiple)));
+    const int zeros = multiple == 0 ? 0 : static_cast<int>(std::min<std::size_t>(multiple - 1, MaxDecimals));
+    // The table may hold any number.
+    const int decimals =
+        std::clamp(IQsUtils1::GetUnitMantissa(FromUtf8(unit.substr(multiple))), 0, MaxDecimals);
+    return std::min(zeros + decimals, MaxDecimals);
 }
 
 IndicatorUnit IndicatorUnitOf(std::string_view unit) {

@@ -12,9 +12,9 @@ namespace Estimate {
 /// The unit as the tables write it: "m²" and "㎡" become "m2", "m³" and "㎥" "m3"; blanks fall away.
 std::string NormalizeUnit(std::string_view unit);
 
-/// The decimals of a quantity: three for tonnes, two for metres, square and cubic metres and kilograms, none
-/// for what is counted by the piece, two for every other unit. A multiple in front of the unit adds its
-/// zeros, so that a quantity in 100m2 is as fine as one in m2; six are the most.
+/// The decimals of a quantity, by the table of the installation; two for every unit when there is none. A
+/// multiple in front of the unit adds its zeros, so that a quantity in 100m2 is as fine as one in m2; six are
+/// the most, none the least.
 int UnitDecimals(std::string_view unit);
 
 struct IndicatorUnit {

@@ -35,6 +35,7 @@ std::string EventsOfExit(const ProgramResult& result) {
 
 constexpr const char* endOfModule =
     "analyser ends\n"
+    "XML tool ends\n"
     "XML ends\n"
     "scanner of variables ends\n"
     "soft version ends\n";

@@ -1,9 +1,12 @@
 #include "tests/module/Plugin.h"
 
 #include <array>
+#include <atomic>
+#include <filesystem>
 #include <list>
 #include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include <QsUtils/QsUtils.h>
@@ -82,8 +85,67 @@ bool CallDigest() {
            IQsUtils1::GenerateMaterialMD5(&key).GetLength() == 32;
 }
 
+// No file of majors stands beside the hosts of these tests. A file of units may, with a default of two;
+// without one it is two as well.
+bool CallMajors() {
+    CString code = u"overwritten";
+    CString name = u"overwritten";
+    CStringArray names;
+    IQsUtils::GetMajorCodeByName(u"建筑工程", code);
+    IQsUtils::GetMajorByCode(u"T", name);
+    IQsUtils::GetAllMajorName(names);
+    return code.IsEmpty() && name.IsEmpty() && names.IsEmpty();
+}
+
+bool CallUnitDecimals() {
+    return IQsUtils1::GetUnitMantissa(u"no unit") == 2;
+}
+
 bool CallPaths() {
     return FromNativePath(ToNativePath(u"\\opt\\app")) == u"\\opt\\app";
+}
+
+/// A file that is this call's alone.
+class XmlFile {
+public:
+    XmlFile() {
+        static std::atomic<unsigned> count{0};
+        std::filesystem::path path = std::filesystem::temp_directory_path();
+        path /= "qsutils-plugin-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)) + "-" +
+                std::to_string(count.fetch_add(1)) + ".xml";
+        m_path = FromNativePath(path);
+    }
+    ~XmlFile() { std::filesystem::remove(ToNativePath(m_path)); }
+    XmlFile(const XmlFile&) = delete;
+    XmlFile& operator=(const XmlFile&) = delete;
+    std::wstring Path() const { return m_path.ToWide(); }
+
+private:
+    CString m_path;
+};
+
+bool CallXmlTree() {
+    const XmlFile file;
+    XMLNode root;
+    root.Name = L"工程";
+    root.Attributes[L"单位"] = L"m2";
+    if (!SaveXMLNode(&root, file.Path(), true))
+        return false;
+    const std::unique_ptr<XMLNode> read(LoadXMLNode(file.Path()));
+    return read != nullptr && read->Name == root.Name && read->Attributes == root.Attributes;
+}
+
+// The tool is left to the module.
+bool CallXmlDocument() {
+    const XmlFile file;
+    XMLNode root;
+    root.Name = L"a";
+    root.Attributes[L"k"] = L"12";
+    NS_XMLACCESS::IXmlAccessTool* const tool = GetXmlAccessTool();
+    std::int32_t value = 0;
+    return SaveXMLNode(&root, file.Path(), false) && tool->LoadXmlFile(file.Path()) &&
+           tool->GetIntAttribute(value, L"k", tool->GetRootElement()) && value == 12 &&
+           tool->SaveXmlFile(L"");
 }
 
 struct Service {
@@ -103,7 +165,11 @@ constexpr std::array services = {
     Service{"variables", CallVariables},
     Service{"indicators", CallIndicators},
     Service{"digest", CallDigest},
+    Service{"majors", CallMajors},
+    Service{"unit decimals", CallUnitDecimals},
     Service{"paths", CallPaths},
+    Service{"XML trees", CallXmlTree},
+    Service{"XML documents", CallXmlDocument},
 };
 
 }  // namespace
@@ -132,6 +198,10 @@ PLUGIN_EXPORT bool PluginHasVariable() {
 
 PLUGIN_EXPORT void* PluginAnalyser() {
     return ExpressionAnalyse::GetExpressionAnalyser();
+}
+
+PLUGIN_EXPORT void* PluginXmlTool() {
+    return GetXmlAccessTool();
 }
 
 PLUGIN_EXPORT void PluginSetSoftVersion(const char16_t* version) {

@@ -20,6 +20,9 @@ bool PluginHasVariable();
 /// The analyser as the library hands it out.
 void* PluginAnalyser();
 
+/// A new XML tool, which nobody removes.
+void* PluginXmlTool();
+
 void PluginSetSoftVersion(const char16_t* version);
 bool PluginSoftVersionIs(const char16_t* version);
 /// The address of the version text's units.

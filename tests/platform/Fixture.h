@@ -25,6 +25,32 @@ inline unsigned Hexadecimal(std::string_view digits) {
     return static_cast<unsigned>(std::stoul(std::string(digits), nullptr, 16));
 }
 
+/// The bytes of a fixture: printable ASCII as it is, everything else as \xHH.
+inline std::string Bytes(std::string_view field) {
+    std::string bytes;
+    for (std::size_t i = 0; i < field.size(); ++i) {
+        if (field[i] != '\\') {
+            bytes += field[i];
+            continue;
+        }
+        bytes += static_cast<char>(Hexadecimal(field.substr(i + 2, 2)));
+        i += 3;
+    }
+    return bytes;
+}
+
+/// The fields of a line, between tabs.
+inline std::vector<std::string> Fields(std::string_view line) {
+    std::vector<std::string> fields(1);
+    for (const char each : line) {
+        if (each == '\t')
+            fields.emplace_back();
+        else
+            fields.back() += each;
+    }
+    return fields;
+}
+
 /// A text of a fixture: UTF-8 without characters of four bytes, where \uXXXX stands for a unit.
 inline std::u16string Text(std::string_view field) {
     std::u16string text;

@@ -1,20 +1,27 @@
-// A folder of a test's own.
+// A fresh folder for one test, removed with all that is in it.
 #pragma once
 
+#include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <random>
+#include <iterator>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 #include <system_error>
 
-/// An empty folder that goes with the object, with all that is in it.
+#include "QsUtils/platform/NativePath.h"
+
 class TemporaryFolder {
 public:
     TemporaryFolder() {
-        std::random_device random;
-        const std::string name = "qsutils-" + std::to_string(random()) + "-" + std::to_string(random());
-        m_path = std::filesystem::temp_directory_path() / name;
-        std::filesystem::create_directories(m_path);
+        static std::atomic<unsigned> count{0};
+        const auto moment = std::chrono::steady_clock::now().time_since_epoch().count();
+        do {
+            m_path = std::filesystem::temp_directory_path() /
+                     ("qsutils-" + std::to_string(moment) + "-" + std::to_string(count.fetch_add(1)));
+        } while (!std::filesystem::create_directory(m_path));
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -24,15 +31,34 @@ public:
     }
 
     const std::filesystem::path& Path() const { return m_path; }
-    /// A file in it; a name in UTF-8.
-    std::filesystem::path File(const std::string& name) const {
-        return m_path / std::filesystem::path(std::u8string(name.begin(), name.end()));
+    /// The path of an entry, `name` in UTF-8 and with slashes; in the system's form and in the library's.
+    std::filesystem::path File(std::string_view name) const {
+        return m_path / std::u8string(name.begin(), name.end());
     }
-    /// Writes a file, byte for byte.
-    std::filesystem::path Write(const std::string& name, const std::string& contents) const {
-        std::ofstream(File(name), std::ios::binary) << contents;
-        return File(name);
+    CString Text(std::string_view name) const { return FromNativePath(File(name)); }
+
+    /// Writes a file, byte for byte; folders on the way are made.
+    std::filesystem::path Write(std::string_view name, std::string_view bytes) const {
+        std::filesystem::path path = File(name);
+        std::filesystem::create_directories(path.parent_path());
+        std::ofstream file(path, std::ios::binary);
+        file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        if (!file.flush())
+            throw std::runtime_error("can't write " + path.string());
+        return path;
     }
+
+    std::string Read(std::string_view name) const {
+        std::ifstream file(File(name), std::ios::binary);
+        if (!file)
+            throw std::runtime_error("can't read " + File(name).string());
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    }
+
+    bool Has(std::string_view name) const { return std::filesystem::exists(File(name)); }
+
+    /// The number of entries, so that a test sees what was left behind.
+    std::ptrdiff_t Entries() const { return std::distance(std::filesystem::directory_iterator(m_path), {}); }
 
 private:
     std::filesystem::path m_path;

@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "QsUtils/platform/posix/Utf8.h"
+#include "QsUtils/platform/Utf8.h"
 
 std::filesystem::path ToNativePath(const CString& path) {
     std::string native = QsPlatform::EncodeUtf8(path.View());

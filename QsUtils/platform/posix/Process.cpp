@@ -7,7 +7,7 @@
 #include <system_error>
 
 #include "QsUtils/platform/NativePath.h"
-#include "QsUtils/platform/posix/Utf8.h"
+#include "QsUtils/platform/Utf8.h"
 
 namespace QsPlatform {
 

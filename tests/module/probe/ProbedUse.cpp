@@ -17,5 +17,6 @@ TEST_EXPORT void ProbeUseLibrary() {
     if (EventProbe::WatchNotedBlocks("scanner of variables ends") != 1)
         EventProbe::Report("the scanner of variables is not one block");
     EventProbe::WatchBlock(PluginAnalyser(), "analyser ends");
+    EventProbe::WatchBlock(PluginXmlTool(), "XML tool ends");
 }
 }

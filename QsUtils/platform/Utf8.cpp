@@ -1,4 +1,4 @@
-#include "QsUtils/platform/posix/Utf8.h"
+#include "QsUtils/platform/Utf8.h"
 
 #include <cstddef>
 

@@ -1,0 +1,79 @@
+// One engine for every system, though one of them has the calls that this follows: those rewrite the whole
+// file on a change, in place, and remember files by name and time. So both systems write the same bytes, and
+// a test holds the reading to the answers of the calls.
+#include "QsUtils/platform/ProfileFile.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include "QsUtils/platform/FileContent.h"
+#include "QsUtils/platform/FileReplacement.h"
+#include "QsUtils/platform/ProfileText.h"
+
+namespace QsPlatform {
+
+namespace {
+
+std::u16string_view WithoutQuotes(std::u16string_view value) {
+    const bool quoted = value.size() >= 2 && value.front() == value.back() &&
+                        (value.front() == u'"' || value.front() == u'\'');
+    return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+/// One unit stays, even if it is a blank.
+std::u16string_view WithoutTrailingBlanks(std::u16string_view text) {
+    text = text.substr(0, text.find(u'\0'));
+    while (text.size() > 1 && text.back() == u' ')
+        text.remove_suffix(1);
+    return text;
+}
+
+CString Ask(std::string_view bytes, const CString& section, const CString& key, const CString& fallback,
+            int size) {
+    const std::optional<std::u16string> value =
+        FindProfileValue(ProfileText(bytes), TrimProfileName(section.View()), TrimProfileName(key.View()));
+    const std::u16string_view whole = value ? *value : WithoutTrailingBlanks(fallback.View());
+    return CString(WithoutQuotes(whole).substr(0, static_cast<std::size_t>(std::max(size - 1, 0))));
+}
+
+}  // namespace
+
+ProfileDocument::ProfileDocument(const CString& path) {
+    if (std::optional<std::string> bytes = ReadWholeFile(path))
+        m_bytes = std::move(*bytes);
+}
+
+ProfileDocument ProfileDocument::FromBytes(std::string bytes) {
+    ProfileDocument document;
+    document.m_bytes = std::move(bytes);
+    return document;
+}
+
+CString ProfileDocument::Text(const CString& section, const CString& key, const CString& fallback,
+                              int size) const {
+    return Ask(m_bytes, section, key, fallback, size);
+}
+
+CString ReadProfileValue(const CString& path, const CString& section, const CString& key,
+                         const CString& fallback, int size) {
+    return ProfileDocument(path).Text(section, key, fallback, size);
+}
+
+bool WriteProfileValue(const CString& path, const CString& section, const CString& key,
+                       const CString& value) {
+    FileFailure failure = FileFailure::None;
+    const std::optional<std::string> before = ReadWholeFile(path, &failure);
+    if (!before && failure != FileFailure::MissingFile)
+        return false;
+    const std::string_view old = before ? std::string_view(*before) : std::string_view();
+    const std::optional<std::string> after = SetProfileValue(old, section.View(), key.View(), value.View());
+    if (!after)
+        return false;
+    if (before && *after == *before)
+        return true;
+    FileReplacement file(path);
+    return file.Write(after->data(), after->size()) && file.Commit();
+}
+
+}  // namespace QsPlatform

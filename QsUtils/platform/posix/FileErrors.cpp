@@ -1,0 +1,39 @@
+#include "QsUtils/platform/posix/FileErrors.h"
+
+#include <cerrno>
+
+#include <unistd.h>
+
+namespace QsPlatform {
+
+FileFailure FailureOf(int error, FileFailure missing) noexcept {
+    switch (error) {
+        case ENOENT:
+        case ENOTDIR:
+            return missing;
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            return FileFailure::NoRight;
+        case ETXTBSY:
+        case EBUSY:
+            return FileFailure::InUse;
+        case EISDIR:
+        case ENXIO:
+        case ENODEV:
+            return FileFailure::NotAFile;
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG:
+            return FileFailure::DiskFull;
+        default:
+            return FileFailure::Other;
+    }
+}
+
+FileDescriptor::~FileDescriptor() {
+    if (IsOpen())
+        ::close(m_number);
+}
+
+}  // namespace QsPlatform

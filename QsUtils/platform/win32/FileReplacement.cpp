@@ -1,0 +1,153 @@
+#include "QsUtils/platform/FileReplacement.h"
+
+#include <algorithm>
+#include <atomic>
+#include <exception>
+#include <string>
+#include <utility>
+
+#include "QsUtils/platform/NativePath.h"
+#include "QsUtils/platform/win32/FileErrors.h"
+#include "QsUtils/platform/win32/Windows.h"
+
+namespace QsPlatform {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Names tried for the new version before giving up.
+constexpr int MostNames = 1000;
+/// The most that one call writes.
+constexpr std::size_t LargestPart = std::size_t{1} << 26;
+/// What a new version takes over from the old one.
+constexpr DWORD KeptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
+                                 FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+
+HANDLE HandleOf(std::intptr_t file) noexcept {
+    return reinterpret_cast<HANDLE>(file);
+}
+
+/// Where a link leads to; the path itself when the system doesn't tell.
+fs::path FollowLink(const fs::path& path) {
+    const FileHandle file(::CreateFileW(path.c_str(), 0,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                        OPEN_EXISTING, 0, nullptr));
+    if (!file.IsOpen())
+        return path;
+    std::wstring name(32768, L'\0');
+    const DWORD length =
+        ::GetFinalPathNameByHandleW(file.Get(), name.data(), static_cast<DWORD>(name.size()), 0);
+    if (length == 0 || length >= name.size())
+        return path;
+    name.resize(length);
+    return fs::path(std::move(name));
+}
+
+/// A name that doesn't come from the file's own, which may be as long as a name can be.
+std::wstring TemporaryName() {
+    // Constant-initialised and never destroyed.
+    static constinit std::atomic<unsigned> count{0};
+    return L".qsutils-" + std::to_wstring(::GetCurrentProcessId()) + L'-' +
+           std::to_wstring(::GetTickCount()) + L'-' +
+           std::to_wstring(count.fetch_add(1, std::memory_order_relaxed)) + L".tmp";
+}
+
+}  // namespace
+
+FileReplacement::FileReplacement(const CString& path) noexcept {
+    try {
+        if (!Begin(path))
+            Discard();
+    } catch (const std::exception&) {
+        Fail(FileFailure::Other);  // out of memory
+    }
+}
+
+FileReplacement::~FileReplacement() {
+    Discard();
+}
+
+bool FileReplacement::Begin(const CString& path) {
+    m_target = ToNativePath(path);
+    if (!m_target.has_filename() || m_target.native().find(L'\0') != std::wstring::npos)
+        return Fail(FileFailure::Other);
+    DWORD attributes = ::GetFileAttributesW(m_target.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
+        m_target = FollowLink(m_target);
+        attributes = ::GetFileAttributesW(m_target.c_str());
+    }
+    const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
+    if (!exists && ::GetLastError() != ERROR_FILE_NOT_FOUND)
+        return Fail(FailureOf(::GetLastError(), FileFailure::MissingFolder));
+    if (exists && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        return Fail(FileFailure::NotAFile);
+    if (exists && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
+        return Fail(FileFailure::ReadOnlyTarget);
+    const DWORD kept = exists ? attributes & KeptAttributes : 0;
+    for (int names = 0; m_file == NoFile && names < MostNames; ++names) {
+        fs::path beside = m_target.parent_path() / TemporaryName();
+        m_file = reinterpret_cast<std::intptr_t>(
+            ::CreateFileW(beside.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                          kept != 0 ? kept : FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (m_file != NoFile)
+            m_temporary = std::move(beside);
+        else if (::GetLastError() != ERROR_FILE_EXISTS)
+            break;
+    }
+    if (m_file == NoFile)
+        return Fail(FailureOf(::GetLastError(), FileFailure::MissingFolder));
+    return true;
+}
+
+bool FileReplacement::Write(const void* bytes, std::size_t count) noexcept {
+    if (m_ended)
+        return false;
+    const char* from = static_cast<const char*>(bytes);
+    while (count > 0) {
+        const auto part = static_cast<DWORD>(std::min(count, LargestPart));
+        DWORD written = 0;
+        if (!::WriteFile(HandleOf(m_file), from, part, &written, nullptr))
+            return Fail(FailureOf(::GetLastError(), FileFailure::Other));
+        if (written == 0)
+            return Fail(FileFailure::DiskFull);
+        from += written;
+        count -= written;
+    }
+    return true;
+}
+
+bool FileReplacement::Commit() noexcept {
+    if (m_ended)
+        return false;
+    // Flushed before it gets the name: after a loss of power the name must not stand for an empty file.
+    if (!::FlushFileBuffers(HandleOf(m_file)))
+        return Fail(FailureOf(::GetLastError(), FileFailure::Other));
+    if (!::CloseHandle(HandleOf(std::exchange(m_file, NoFile))))
+        return Fail(FailureOf(::GetLastError(), FileFailure::Other));
+    if (!::MoveFileExW(m_temporary.c_str(), m_target.c_str(),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+        return Fail(FailureOf(::GetLastError(), FileFailure::MissingFolder));
+    m_ended = true;
+    m_temporary.clear();
+    return true;
+}
+
+bool FileReplacement::Fail(FileFailure failure) noexcept {
+    if (m_failure == FileFailure::None)
+        m_failure = failure;
+    Discard();
+    return false;
+}
+
+void FileReplacement::Discard() noexcept {
+    m_ended = true;
+    if (m_file != NoFile)
+        ::CloseHandle(HandleOf(std::exchange(m_file, NoFile)));
+    if (!m_temporary.empty()) {
+        ::DeleteFileW(m_temporary.c_str());
+        m_temporary.clear();
+    }
+}
+
+}  // namespace QsPlatform
