@@ -12,7 +12,7 @@ estimate=("$root/build/release/hosts/estimate/estimate")
 preset=release groups=(build)
 if [[ ${1:-} == --windows ]]; then
     shift
-    estimate=("$root/scripts/under-wine" "$root/build/windows/bin/estimate.exe")
+    estimate=("$root/scripts/under-wine" "$root/build/windows/hosts/estimate/estimate.exe")
     preset=windows groups=(build windows)
 fi
 

@@ -33,3 +33,15 @@ if(QSUTILS_COVERAGE)
     add_compile_options(--coverage)
     add_link_options(--coverage)
 endif()
+
+# Gives a program a folder of its own in the build tree, in which files beside the executable can lie. On Windows, where
+# programs look for their modules there, those are put beside it.
+function(qsutils_own_folder program)
+    set_target_properties(${program} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+    if(WIN32)
+        add_custom_command(TARGET ${program} POST_BUILD
+            COMMAND ${CMAKE_COMMAND} -E copy_if_different
+                $<TARGET_RUNTIME_DLLS:${program}> $<TARGET_FILE_DIR:${program}>
+            COMMAND_EXPAND_LISTS)
+    endif()
+endfunction()

@@ -90,7 +90,7 @@ is_priced_alike() {
     local form=$1 options=("$root/samples/bill.csv" --vars "$root/samples/variables.csv")
     [[ $form == text ]] || options+=("--$form")
     cmp <("$root/build/release/hosts/estimate/estimate" price "${options[@]}") \
-        <("$root/scripts/under-wine" "$root/build/windows/bin/estimate.exe" price "${options[@]}")
+        <("$root/scripts/under-wine" "$root/build/windows/hosts/estimate/estimate.exe" price "${options[@]}")
 }
 
 run_windows_tests() {
