@@ -135,9 +135,7 @@ bool CXmlAccessTool::Open(const std::wstring& path) {
 /// `read` gives whether the bytes are a document, or why not.
 template <typename Read>
 bool CXmlAccessTool::Load(const std::wstring& path, Read read) {
-    // The path may be the tool's own, which goes with the file at hand.
-    const std::wstring kept = path;
-    if (!Open(kept))
+    if (!Open(path))
         return false;
     std::u16string reason;
     if (!read(reason)) {

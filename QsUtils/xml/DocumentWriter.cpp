@@ -52,10 +52,8 @@ struct OutputEncoding {
 OutputEncoding EncodingOf(const xercesc::DOMDocument& document) {
     const std::u16string_view input = Units(document.getInputEncoding());
     const std::string name(input.begin(), input.end());
-    if (NamesGb2312(name)) {
-        const std::u16string_view gbk = GbkName();
-        return {std::string(gbk.begin(), gbk.end()), name};
-    }
+    if (const std::string_view known = ParserEncoding(name); !known.empty())
+        return {std::string(known), name};
     // The parser's own name for UTF-16 without a declaration, "UTF-16 (LE)", is none that it reads again.
     const std::size_t bracket = name.find(" (");
     if (bracket != std::string::npos && name.back() == ')')

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <string>
 
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/TransService.hpp>
@@ -13,13 +14,21 @@ namespace QsXml {
 
 namespace {
 
-bool IsKnown(const char16_t* name) {
+bool IsKnown(std::string_view name) {
+    const std::u16string text(name.begin(), name.end());
     constexpr XMLSize_t blockSize = 64;
     xercesc::XMLTransService::Codes failure{};
     const std::unique_ptr<xercesc::XMLTranscoder> transcoder(
         xercesc::XMLPlatformUtils::fgTransService->makeNewTranscoderFor(
-            Xml(name), failure, blockSize, xercesc::XMLPlatformUtils::fgMemoryManager));
+            Xml(text), failure, blockSize, xercesc::XMLPlatformUtils::fgMemoryManager));
     return transcoder != nullptr;
+}
+
+/// Names have no case; `upper` is in capitals.
+bool IsSameName(std::string_view name, std::string_view upper) noexcept {
+    const auto toUpper = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; };
+    return std::equal(name.begin(), name.end(), upper.begin(), upper.end(),
+                      [&](char a, char b) { return toUpper(a) == b; });
 }
 
 }  // namespace
@@ -44,16 +53,14 @@ std::string_view DeclaredEncoding(std::string_view bytes) noexcept {
     return end == std::string_view::npos ? std::string_view() : declaration.substr(at + 1, end - at - 1);
 }
 
-bool NamesGb2312(std::string_view name) noexcept {
-    constexpr std::string_view upper = "GB2312";
-    const auto toUpper = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; };
-    return std::equal(name.begin(), name.end(), upper.begin(), upper.end(),
-                      [&](char a, char b) { return toUpper(a) == b; });
-}
-
-// The Windows registry of character sets may have the page under its older name alone.
-const char16_t* GbkName() {
-    return IsKnown(u"GBK") ? u"GBK" : u"GB2312";
+std::string_view ParserEncoding(std::string_view name) {
+    constexpr std::string_view namesOfGbk[] = {"GB2312", "CP936", "MS936", "WINDOWS-936", "X-GBK"};
+    const bool isGbk = std::any_of(std::begin(namesOfGbk), std::end(namesOfGbk),
+                                   [&](std::string_view one) { return IsSameName(name, one); });
+    if (!isGbk && (!IsSameName(name, "GB18030") || IsKnown("GB18030")))
+        return {};
+    // The Windows registry of character sets may have the page under its older name alone.
+    return IsKnown("GBK") ? "GBK" : "GB2312";
 }
 
 }  // namespace QsXml

@@ -8,11 +8,10 @@ namespace QsXml {
 /// The name in the XML declaration of a document whose encoding extends ASCII; empty when there is none.
 std::string_view DeclaredEncoding(std::string_view bytes) noexcept;
 
-/// Whether a name is that of GB2312. Files that name it hold GBK as often as not, and are read and written as
-/// that: it is the same for all characters that GB2312 has.
-bool NamesGb2312(std::string_view name) noexcept;
-
-/// The name under which this system's XML platform knows GBK.
-const char16_t* GbkName();
+/// The name by which the parser has to be told of an encoding; empty when the document's own name is right.
+/// Files that name GB2312 hold GBK as often as not, and are read and written as that: it is the same for all
+/// characters that GB2312 has. Other names of GBK aren't known to every system, nor is GB18030, of which GBK
+/// is the part that is used.
+std::string_view ParserEncoding(std::string_view name);
 
 }  // namespace QsXml

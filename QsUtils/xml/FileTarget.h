@@ -28,7 +28,7 @@ private:
 
     QsPlatform::FileReplacement m_file;
     std::size_t m_used = 0;
-    std::array<char, 32 * 1024> m_buffer;
+    std::array<char, std::size_t{32} * 1024> m_buffer;
 };
 
 }  // namespace QsXml

@@ -22,7 +22,7 @@ struct alignas(std::max_align_t) ScanMemory::Block {
 // The parser's own needs are small and hardly grow with the file; only names and the depth count.
 ScanMemory::ScanMemory(std::size_t fileBytes) noexcept
     : m_mostLive(256 * MiB + std::uint64_t{32} * fileBytes),
-      m_mostTotal(16 * 1024 * MiB + std::uint64_t{64} * fileBytes) {}
+      m_mostTotal(std::uint64_t{16} * 1024 * MiB + std::uint64_t{64} * fileBytes) {}
 
 ScanMemory::~ScanMemory() {
     while (m_blocks != nullptr) {

@@ -39,7 +39,7 @@ private:
 
     xercesc::XMLFormatTarget& m_target;
     std::size_t m_used = 0;
-    char m_buffer[8 * 1024];
+    char m_buffer[std::size_t{8} * 1024];
 };
 
 }  // namespace QsXml

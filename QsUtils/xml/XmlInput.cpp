@@ -16,8 +16,9 @@ namespace {
 
 /// Has the encoding that a document names overruled where it would be taken too narrowly.
 void SetEncoding(xercesc::InputSource& input, std::string_view head) {
-    if (NamesGb2312(DeclaredEncoding(head)))
-        input.setEncoding(Xml(GbkName()));
+    const std::string_view name = ParserEncoding(DeclaredEncoding(head));
+    if (!name.empty())
+        input.setEncoding(Xml(std::u16string(name.begin(), name.end())));
 }
 
 /// The first bytes of a file, which tell its encoding, and the rest as it is read.

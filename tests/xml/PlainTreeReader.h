@@ -70,8 +70,9 @@ public:
                                    static_cast<xercesc::DOMErrorHandler*>(&m_listener));
         xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(bytes.data()), bytes.size(),
                                           X(name));
-        if (QsXml::NamesGb2312(QsXml::DeclaredEncoding(bytes)))
-            source.setEncoding(X(u"GBK"));
+        const std::string_view encoding = QsXml::ParserEncoding(QsXml::DeclaredEncoding(bytes));
+        if (!encoding.empty())
+            source.setEncoding(X(std::u16string(encoding.begin(), encoding.end()).c_str()));
         const xercesc::Wrapper4InputSource input(&source, false);
         try {
             m_document = m_parser->parse(&input);

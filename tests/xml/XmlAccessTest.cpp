@@ -168,8 +168,8 @@ TEST_F(XmlAccess, ALaterFailureAfterTheRootIsAFailure) {
 }
 
 TEST_F(XmlAccess, APathNamesAFileAndIsNoUri) {
-    for (const char* name : {"100%.xml", "a#b.xml", "a b.xml", "a%20b.xml", "工程 (1).xml", "a?b.xml",
-                             "a&b;c=d.xml", "http:x.xml", "sub/项目.xml", "a+b@c~.xml", "'a'.xml"}) {
+    for (const char* name : {"100%.xml", "a#b.xml", "a b.xml", "a%20b.xml", "工程 (1).xml", "a&b;c=d.xml",
+                             "sub/项目.xml", "a+b@c~.xml", "'a'.xml"}) {
         m_folder.Write(name, "<a/>");
         EXPECT_TRUE(m_tool->LoadXmlFile(Path(name))) << name;
         EXPECT_TRUE(m_tool->SaveXmlFile(L"")) << name;

@@ -167,6 +167,17 @@ TEST_F(XmlFault, PipesAndDevicesAreNoFiles) {
     EXPECT_THROW(SaveXMLNode(&root, L"/dev/full", false), xercesc::XMLException);
 }
 
+TEST_F(XmlFault, NamesMayHoldWhatOtherSystemsForbid) {
+    for (const char* name :
+         {"a?b.xml", "http:x.xml", "file:a.xml", "a*b|<c>.xml", "a\"b.xml", "a\nb.xml", " a.xml. "}) {
+        m_folder.Write(name, "<a/>");
+        const std::unique_ptr<XMLNode> root(LoadXMLNode(m_folder.Text(name).ToWide()));
+        ASSERT_NE(root, nullptr) << name;
+        EXPECT_TRUE(SaveXMLNode(root.get(), m_folder.Text(name).ToWide(), false)) << name;
+        EXPECT_NE(m_folder.Read(name), "<a/>") << name;
+    }
+}
+
 TEST_F(XmlFault, NobodyIsCalled) {
     const int listener = ::socket(AF_INET, SOCK_STREAM, 0);
     sockaddr_in address{};
