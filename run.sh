@@ -21,5 +21,6 @@ fi
     install_packages "${groups[@]}"
     [[ $preset == release ]] || prepare_windows
     build "$preset" estimate
+    [[ $preset == release ]] || start_wine 1
 } >&2
 exec "${estimate[@]}" price "$root/samples/bill.csv" --vars "$root/samples/variables.csv" "$@"

@@ -100,6 +100,7 @@ run_windows_tests() {
         failed=1
         return
     fi
+    start_wine 600
     run_tests windows
     for form in text json csv; do
         check "the sample is priced alike on both systems, as $form" is_priced_alike "$form"

@@ -124,6 +124,13 @@ prepare_wine() {
         touch "$windows_cache/wine.ready"
 }
 
+# start_wine SECONDS: starts what Wine keeps running beside the programs, until so long after the last of them. Started by
+# a program itself, it would hold that program's output open for as long as it lives.
+start_wine() {
+    in_wine wineserver --persistent="$1" >/dev/null 2>&1 </dev/null
+    in_wine wineboot >/dev/null 2>&1 </dev/null
+}
+
 prepare_windows() {
     mkdir -p "$windows_cache" && prepare_windows_dependencies && prepare_wine
 }

@@ -112,6 +112,8 @@ TEST(Majors, FoldersMayHaveAnyName) {
 TEST(Majors, AnInstallationBelowALongPathHasNoFiles) {
     const std::string part(90, 'p');
     const ProbedInstallation installation(part + "/" + part + "/" + part);
+    if (!installation.Run({}).isStarted)
+        GTEST_SKIP() << "this system starts no program whose path is that long";
     installation.Write(File, "[CodeToMajor]\r\nT=x\r\n");
     EXPECT_EQ(installation.Ask({u"major", u"T"}), (Answers{u""}));
 }

@@ -1,11 +1,11 @@
 #include "tests/module/Plugin.h"
 
 #include <array>
-#include <atomic>
 #include <filesystem>
 #include <list>
 #include <map>
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -109,11 +109,11 @@ bool CallPaths() {
 class XmlFile {
 public:
     XmlFile() {
-        static std::atomic<unsigned> count{0};
-        std::filesystem::path path = std::filesystem::temp_directory_path();
-        path /= "qsutils-plugin-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)) + "-" +
-                std::to_string(count.fetch_add(1)) + ".xml";
-        m_path = FromNativePath(path);
+        // Put together as a text of the library's: on one system the runtime keeps memory for each thread
+        // that has turned a narrow text into a path.
+        std::random_device random;
+        m_path = FromNativePath(std::filesystem::temp_directory_path()).TrimRight(u'\\');
+        m_path.AppendFormat(u"\\qsutils-plugin-%x-%x.xml", random(), random());
     }
     ~XmlFile() { std::filesystem::remove(ToNativePath(m_path)); }
     XmlFile(const XmlFile&) = delete;

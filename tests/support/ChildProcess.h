@@ -7,7 +7,9 @@
 #include <vector>
 
 struct ProgramResult {
-    /// What the program returned; -1 when it could not be started or did not come to its end.
+    /// Whether the system took it for a program.
+    bool isStarted = false;
+    /// What the program returned; -1 when it was not started or did not come to its end.
     int status = -1;
     std::string out;
     std::string err;

@@ -33,6 +33,9 @@ private:
     int m_file;
 };
 
+/// What a shell returns for a program that can't be started, too.
+constexpr int notStarted = 127;
+
 [[noreturn]] void BecomeProgram(const ProgramCall& call, char** arguments, int out, int err) {
     const int nothing = open("/dev/null", O_RDONLY);
     if (dup2(nothing, STDIN_FILENO) >= 0 && dup2(out, STDOUT_FILENO) >= 0 && dup2(err, STDERR_FILENO) >= 0 &&
@@ -41,7 +44,7 @@ private:
             setenv(name.c_str(), value.c_str(), 1);
         execvp(arguments[0], arguments);
     }
-    _exit(127);
+    _exit(notStarted);
 }
 
 }  // namespace
@@ -61,7 +64,11 @@ ProgramResult RunProgram(const ProgramCall& call) {
         BecomeProgram(call, arguments.data(), out.Descriptor(), err.Descriptor());
     int status = 0;
     ProgramResult result;
-    if (child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status))
+    if (child < 0 || waitpid(child, &status, 0) != child)
+        return result;
+    const bool ended = WIFEXITED(status);
+    result.isStarted = !ended || WEXITSTATUS(status) != notStarted;
+    if (ended && result.isStarted)
         result.status = WEXITSTATUS(status);
     result.out = out.Contents();
     result.err = err.Contents();

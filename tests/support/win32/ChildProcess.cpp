@@ -100,6 +100,7 @@ ProgramResult RunProgram(const ProgramCall& call) {
                          environment.data(), call.folder.empty() ? nullptr : call.folder.c_str(), &start,
                          &process) == 0)
         return result;
+    result.isStarted = true;
     ::WaitForSingleObject(process.hProcess, INFINITE);
     DWORD status = 0;
     // What a crash leaves as status has its highest bit set.
