@@ -37,8 +37,10 @@ constexpr const char* endOfModule =
     "analyser ends\n"
     "XML tool ends\n"
     "XML ends\n"
+    "unit decimals end\n"
     "scanner of variables ends\n"
-    "soft version ends\n";
+    "soft version ends\n"
+    "majors end\n";
 
 TEST(EndSequence, UnloadingEndsServicesThenXmlThenStaticObjects) {
     const ProgramResult outcome = RunHost(END_SEQUENCE_HOST, "close");

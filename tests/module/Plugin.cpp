@@ -192,8 +192,16 @@ PLUGIN_EXPORT bool PluginCallService(std::size_t index) {
     return services[index % services.size()].call();
 }
 
-PLUGIN_EXPORT bool PluginHasVariable() {
-    return IQsUtils::IsVariable(u"A+1");
+PLUGIN_EXPORT void PluginUseVariables() {
+    IQsUtils::IsVariable(u"A+1");
+}
+
+PLUGIN_EXPORT void PluginUseMajors() {
+    CallMajors();
+}
+
+PLUGIN_EXPORT void PluginUseUnitDecimals() {
+    CallUnitDecimals();
 }
 
 PLUGIN_EXPORT void* PluginAnalyser() {

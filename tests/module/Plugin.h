@@ -14,8 +14,10 @@ const char* PluginUseEveryService();
 std::size_t PluginServiceCount();
 bool PluginCallService(std::size_t index);
 
-/// Whether a short formula holds a variable: a call that makes one service and nothing else that stays.
-bool PluginHasVariable();
+/// Calls that make one service each and nothing else that stays; there are no files for them to read.
+void PluginUseVariables();
+void PluginUseMajors();
+void PluginUseUnitDecimals();
 
 /// The analyser as the library hands it out.
 void* PluginAnalyser();

@@ -86,19 +86,6 @@ void FlushFolder(const fs::path& folder) noexcept {
 
 }  // namespace
 
-FileReplacement::FileReplacement(const CString& path) noexcept {
-    try {
-        if (!Begin(path))
-            Discard();
-    } catch (const std::exception&) {
-        Fail(FileFailure::Other);  // out of memory
-    }
-}
-
-FileReplacement::~FileReplacement() {
-    Discard();
-}
-
 bool FileReplacement::Begin(const CString& path) {
     m_target = ToNativePath(path);
     if (!m_target.has_filename() || m_target.native().find('\0') != std::string::npos)
@@ -161,13 +148,6 @@ bool FileReplacement::Commit() noexcept {
         return true;  // out of memory: in place, if not flushed
     }
     return true;
-}
-
-bool FileReplacement::Fail(FileFailure failure) noexcept {
-    if (m_failure == FileFailure::None)
-        m_failure = failure;
-    Discard();
-    return false;
 }
 
 void FileReplacement::Discard() noexcept {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <exception>
 #include <string>
 #include <utility>
 
@@ -54,19 +53,6 @@ std::wstring TemporaryName() {
 }
 
 }  // namespace
-
-FileReplacement::FileReplacement(const CString& path) noexcept {
-    try {
-        if (!Begin(path))
-            Discard();
-    } catch (const std::exception&) {
-        Fail(FileFailure::Other);  // out of memory
-    }
-}
-
-FileReplacement::~FileReplacement() {
-    Discard();
-}
 
 bool FileReplacement::Begin(const CString& path) {
     m_target = ToNativePath(path);
@@ -131,13 +117,6 @@ bool FileReplacement::Commit() noexcept {
     m_ended = true;
     m_temporary.clear();
     return true;
-}
-
-bool FileReplacement::Fail(FileFailure failure) noexcept {
-    if (m_failure == FileFailure::None)
-        m_failure = failure;
-    Discard();
-    return false;
 }
 
 void FileReplacement::Discard() noexcept {
