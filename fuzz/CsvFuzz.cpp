@@ -1,13 +1,17 @@
-// Any bytes as a bill: reading, pricing and all three reports.
+// Any bytes as a bill: reading, pricing, all three reports, and the same by way of a project's tree.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
 #include <sstream>
 #include <string>
 
 #include <nlohmann/json.hpp>
 
+#include "BillBuilder.h"
 #include "BillReader.h"
+#include "Project.h"
+#include "ProjectDocument.h"
 #include "Report.h"
 #include "Utf8.h"
 
@@ -43,6 +47,30 @@ void Check(const Estimate::Report& report) {
     Require(chapters == report.bill.fen);
 }
 
+/// What can be said in XML must be priced there as it is in the table.
+void CheckDocument(const std::string& input, const Estimate::Variables& variables,
+                   const Estimate::Report& report) {
+    std::istringstream in(input);
+    Estimate::Project project;
+    Estimate::Problems problems;
+    Estimate::Columns columns(Estimate::BillColumn::Specs);
+    Estimate::ProjectCollector collector(project, Estimate::ProjectForm::Document);
+    Estimate::ReadBillRows(in, columns,
+                           [&](const Estimate::BillRow& row) { collector.Take(row, columns, problems); });
+    if (!problems.found.empty())
+        return;
+    const std::unique_ptr<XMLNode> root = Estimate::TreeOf(project);
+    Estimate::Bill bill;
+    const Estimate::Columns none(Estimate::BillColumn::Specs);
+    Estimate::BillBuilder builder(none, variables, bill, problems);
+    Estimate::VisitBill(*root, [&](const Estimate::BillRow& row) { builder.Take(row); });
+    builder.Finish();
+    Require(bill.fen == report.bill.fen);
+    Require(bill.items.size() == report.bill.items.size());
+    Require(bill.quotas.size() == report.bill.quotas.size());
+    Require(problems.badRows == report.problems.front().badRows);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -60,5 +88,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     Estimate::Summarize(report);
     Check(report);
+    CheckDocument(input, variables, report);
     return 0;
 }

@@ -7,13 +7,14 @@
 #include <vector>
 
 #include "Decimal.h"
+#include "Place.h"
 #include "TextPool.h"
 
 namespace Estimate {
 
 /// What bill items and quota items share. Texts are UTF-8 and lie in the bill's pool.
 struct Item {
-    std::size_t line = 0;  ///< of the input
+    Place place;  ///< in the input
     std::string_view code;
     std::string_view name;
     std::string_view unit;

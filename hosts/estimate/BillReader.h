@@ -1,23 +1,29 @@
-// From the rows of a table to a priced bill.
+// Bills in tables.
 #pragma once
 
 #include <istream>
 #include <string>
 
 #include "Bill.h"
+#include "BillRow.h"
+#include "Columns.h"
 #include "CsvRows.h"
 #include "Problem.h"
 #include "Variables.h"
 
 namespace Estimate {
 
-/// Reads a bill of quantities and prices it row by row. A code of twelve digits makes a row a bill item,
-/// every other code a quota item of the bill item above it. A row without code, unit, formula and price is a
-/// heading and is passed over.
+/// Hands the rows of a bill to `handler`, as they are written. A code of twelve digits makes a row a bill
+/// item, every other code a quota row of the bill item above it. A row without code, unit, formula and price
+/// is a heading. Where the table breaks off, a heading with a fault tells why.
 ///
-/// A bill item without a price takes the one that its quota items compose. Rows that can't be priced are
-/// noted in `problems` and left out, and so are the quota rows below such a bill item. The bill comes back
-/// sorted and summed. The result is empty, or says why the table can't be read at all.
+/// `columns`, made of the columns of a bill, is known from the first row on. The result is empty, or says why
+/// the table can't be read at all.
+std::string ReadBillRows(std::istream& in, Columns& columns, const BillRowHandler& handler,
+                         const ByteProgress& progress = {});
+
+/// Reads a bill of quantities and prices it row by row; see `BillBuilder`. The bill comes back sorted and
+/// summed. The result is empty, or says why the table can't be read at all.
 std::string ReadBill(std::istream& in, const Variables& variables, Bill& bill, Problems& problems,
                      const ByteProgress& progress = {});
 

@@ -32,6 +32,7 @@ int Run(const std::vector<std::string>& arguments, const Streams& streams);
 // Each adds one command to the command line; the command writes its result to `status`, and what it uses
 // outlives the parsing.
 void AddPrice(CLI::App& app, const Streams& streams, int& status);
+void AddConvert(CLI::App& app, const Streams& streams, int& status);
 void AddEval(CLI::App& app, const Streams& streams, int& status);
 void AddVars(CLI::App& app, const Streams& streams, int& status);
 void AddCapital(CLI::App& app, const Streams& streams, int& status);

@@ -1,40 +1,12 @@
-#include <array>
 #include <string>
 #include <string_view>
 
-#include <csv.h>
-
 #include "Chapters.h"
+#include "CsvWriter.h"
 #include "Report.h"
 
 namespace Estimate {
 namespace {
-
-class CsvWriter {
-public:
-    explicit CsvWriter(std::ostream& out) : m_out(out) {}
-
-    using Fields = std::array<std::string_view, 10>;
-
-    void Write(const Fields& fields) {
-        for (std::size_t i = 0; i < fields.size(); ++i) {
-            if (i > 0)
-                m_out << ',';
-            WriteField(fields[i]);
-        }
-        m_out << "\r\n";
-    }
-
-private:
-    void WriteField(std::string_view field) {
-        m_quoted.resize(2 * field.size() + 2);
-        const std::size_t length = csv_write(m_quoted.data(), m_quoted.size(), field.data(), field.size());
-        m_out.write(m_quoted.data(), static_cast<std::streamsize>(length));
-    }
-
-    std::ostream& m_out;
-    std::string m_quoted;
-};
 
 void WriteItem(CsvWriter& csv, std::string_view kind, const Item& item, std::string_view features) {
     csv.Write({kind, item.code, item.name, features, item.unit, item.formula, DecimalText(item.quantity),

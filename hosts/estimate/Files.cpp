@@ -5,6 +5,8 @@
 #include <sstream>
 #include <system_error>
 
+#include <QsUtils/QsUtils.h>
+
 #include "Device.h"
 
 namespace Estimate {
@@ -40,6 +42,14 @@ InputFile OpenInput(const std::string& path, std::istream& standardInput) {
     file.size = fs::file_size(native, error);
     file.stream = std::move(stream);
     return file;
+}
+
+std::optional<std::wstring> LibraryPath(const std::string& path) {
+    const fs::path native = FromArgument(path);
+    const CString text = FromNativePath(native);
+    if (ToNativePath(text).native() != native.native())
+        return std::nullopt;
+    return text.ToWide();
 }
 
 std::string WriteOutput(const std::string& path, const std::function<void(std::ostream&)>& write) {

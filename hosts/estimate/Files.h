@@ -5,6 +5,7 @@
 #include <functional>
 #include <istream>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -18,6 +19,10 @@ struct InputFile {
 
 /// Opens a file; "-" reads standard input to its end.
 InputFile OpenInput(const std::string& path, std::istream& standardInput);
+
+/// The path as the library takes it; none for a name that its form of a path can't say, since it holds the
+/// library's separator or bytes that are no text.
+std::optional<std::wstring> LibraryPath(const std::string& path);
 
 /// Lets `write` fill a file. It is put in place only when all is written, so that a failure leaves what was
 /// there before. The result is empty, or says what failed.

@@ -21,6 +21,10 @@ struct InputText {
 /// refused. `in` must be seekable.
 InputText DetectText(std::istream& in);
 
+/// Whether the first character is "<", white space and a byte-order mark aside, in UTF-8, UTF-16 or any code
+/// page. `in` must be seekable and is left at its beginning.
+bool IsMarkup(std::istream& in);
+
 /// A field's bytes as UTF-8.
 std::string DecodeField(std::string_view bytes, Encoding encoding);
 

@@ -68,12 +68,17 @@ Json ResourceJson(const Resource& resource) {
 }
 
 Json ProblemJson(const std::string& file, const Problem& problem) {
-    return {{"file", file},
-            {"line", problem.line},
-            {"column", problem.column},
-            {"heading", problem.heading},
-            {"severity", problem.severity == Severity::Error ? "error" : "warning"},
-            {"reason", problem.reason}};
+    Json json = {{"file", file}};
+    if (problem.place.line > 0) {
+        json["line"] = problem.place.line;
+        json["column"] = problem.column;
+    } else {
+        json["element"] = PlaceText(problem.place);
+    }
+    json["heading"] = problem.heading;
+    json["severity"] = problem.severity == Severity::Error ? "error" : "warning";
+    json["reason"] = problem.reason;
+    return json;
 }
 
 Json TotalJson(const Report& report) {
@@ -110,6 +115,9 @@ private:
 
 void WriteJson(std::ostream& out, const Report& report) {
     out << "{\n";
+    if (!report.name.empty())
+        out << "  \"name\": " << Json(report.name).dump(-1, ' ', false, Json::error_handler_t::replace)
+            << ",\n";
     {
         ArrayWriter items(out, "items");
         for (const BillItem& item : report.bill.items)

@@ -4,11 +4,14 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
+#include "BillBuilder.h"
 #include "BillReader.h"
 #include "Commands.h"
 #include "Files.h"
 #include "Formula.h"
+#include "InputText.h"
 #include "Progress.h"
+#include "ProjectDocument.h"
 #include "Report.h"
 #include "Utf8.h"
 
@@ -20,6 +23,7 @@ struct PriceOptions {
     std::string variables;
     std::string output;
     std::string area;
+    std::string name;
     bool json = false;
     bool csv = false;
     bool mark = false;
@@ -60,44 +64,100 @@ private:
         m_bad = m_bad || problems.badRows > 0;
     }
 
+    Problems& NewProblems(const std::string& file) {
+        return m_report.problems.emplace_back(Problems{file, {}, 0});
+    }
+
     bool ReadTables() {
-        Variables variables;
-        if (!m_options.variables.empty()) {
-            const InputFile file = Open(m_options.variables);
-            if (file.stream == nullptr)
-                return false;
-            Problems& problems = m_report.problems.emplace_back(Problems{file.name, {}, 0});
-            const std::string refusal = ReadVariables(*file.stream, variables, problems);
-            Print(problems);
-            if (!refusal.empty())
-                return Refuse(file.name + ": " + refusal);
-        }
-        return ReadArea(variables) && ReadItems(variables);
-    }
-
-    bool ReadArea(const Variables& variables) {
-        if (m_options.area.empty())
-            return true;
-        const FormulaResult area = Evaluate(FromUtf8(m_options.area), variables);
-        if (!area.valid)
-            return Refuse("--area: " + area.remarks.back().reason);
-        m_report.area = area.value;
-        return area.value > 0 || Refuse("--area: the area is not above 0");
-    }
-
-    bool ReadItems(const Variables& variables) {
-        const InputFile file = Open(m_options.bill);
+        if (m_options.variables.empty())
+            return ReadProject();
+        const InputFile file = Open(m_options.variables);
         if (file.stream == nullptr)
             return false;
-        Problems& problems = m_report.problems.emplace_back(Problems{file.name, {}, 0});
+        Problems& problems = NewProblems(file.name);
+        const std::string refusal = ReadVariables(*file.stream, m_variables, problems);
+        Print(problems);
+        return refusal.empty() ? ReadProject() : Refuse(file.name + ": " + refusal);
+    }
+
+    bool ReadProject() {
+        InputFile file = Open(m_options.bill);
+        if (file.stream == nullptr)
+            return false;
+        const bool isDocument = IsMarkup(*file.stream);
+        if (isDocument && m_options.bill == "-")
+            return Refuse("a project in XML is read from a file");
+        Problems& problems = NewProblems(file.name);
         std::string refusal;
         {
             Progress progress(m_streams.err, m_streams.errIsTerminal, file.size);
-            refusal = ReadBill(*file.stream, variables, m_report.bill, problems,
-                               [&](std::uint64_t bytes) { progress.Show(bytes); });
+            const auto show = [&](std::uint64_t bytes) { progress.Show(bytes); };
+            refusal = isDocument ? ReadDocument(file, problems, show) : ReadTable(file, problems, show);
         }
         Print(problems);
-        return refusal.empty() || Refuse(file.name + ": " + refusal);
+        return refusal.empty() || Refuse(refusal);
+    }
+
+    /// What the command line says about the project goes before what the project says itself.
+    std::string ReadOptions() {
+        m_report.name = m_options.name;
+        const std::string reason = m_options.area.empty() ? std::string() : SetArea(m_options.area);
+        return reason.empty() ? reason : "--area: " + reason;
+    }
+
+    std::string SetArea(const std::string& text) {
+        const FormulaResult area = Evaluate(FromUtf8(text), m_variables);
+        if (!area.valid)
+            return area.remarks.back().reason;
+        if (!(area.value > 0))
+            return "the area is not above 0";
+        m_report.area = area.value;
+        return {};
+    }
+
+    std::string ReadTable(const InputFile& file, Problems& problems, const ByteProgress& progress) {
+        if (std::string refusal = ReadOptions(); !refusal.empty())
+            return refusal;
+        const std::string refusal = ReadBill(*file.stream, m_variables, m_report.bill, problems, progress);
+        return refusal.empty() ? refusal : file.name + ": " + refusal;
+    }
+
+    std::string ReadDocument(InputFile& file, Problems& problems, const ByteProgress& progress) {
+        // Parsing takes a moment, and tells nothing while it lasts.
+        progress(0);
+        file.stream.reset();
+        const ProjectDocument document(m_options.bill);
+        if (document.root == nullptr)
+            return file.name + ": " + document.refusal;
+        ReadOwnVariables(*document.root, problems);
+        if (std::string refusal = ReadOptions(); !refusal.empty())
+            return refusal;
+        ReadHead(*document.root, problems);
+        const Columns columns(BillColumn::Specs);
+        BillBuilder builder(columns, m_variables, m_report.bill, problems);
+        const auto take = [&](const BillRow& row) { builder.Take(row); };
+        VisitBill(*document.root, take, file.size, progress);
+        builder.Finish();
+        return {};
+    }
+
+    void ReadOwnVariables(const XMLNode& root, Problems& problems) {
+        const Columns columns(VariableColumn::Specs);
+        Variables variables;
+        VisitVariables(root, [&](const VariableRow& row) { AddVariable(row, columns, variables, problems); });
+        m_variables.AddMissing(variables);
+    }
+
+    void ReadHead(const XMLNode& root, Problems& problems) {
+        if (m_report.name.empty())
+            m_report.name = AttributeText(root, ProjectName::Name);
+        const std::string area = AttributeText(root, ProjectName::Area);
+        if (area.empty() || m_report.area > 0)
+            return;
+        if (std::string reason = SetArea(area); !reason.empty()) {
+            problems.found.push_back({Severity::Error, {}, 0, "area", std::move(reason)});
+            m_bad = true;
+        }
     }
 
     void WriteReport(std::ostream& out) const {
@@ -121,6 +181,7 @@ private:
 
     const PriceOptions& m_options;
     const Streams& m_streams;
+    Variables m_variables;
     Report m_report;
     bool m_bad = false;
 };
@@ -130,10 +191,13 @@ private:
 void AddPrice(CLI::App& app, const Streams& streams, int& status) {
     auto options = std::make_shared<PriceOptions>();
     CLI::App* command = app.add_subcommand("price", "Price a bill of quantities");
-    command->add_option("bill", options->bill, "The bill: CSV in UTF-8 or GBK; \"-\" is standard input")
+    command
+        ->add_option("bill", options->bill,
+                     "The bill: CSV in UTF-8 or GBK, \"-\" for standard input, or a project in an XML file")
         ->required();
     command->add_option("--vars", options->variables,
-                        "The variables of the formulas: CSV with name and value");
+                        "The variables of the formulas: CSV with name and value; they go before those of a "
+                        "project");
     auto* json = command->add_flag("--json", options->json, "Write JSON instead of text");
     auto* csv = command->add_flag("--csv", options->csv, "Write CSV instead of text")->excludes(json);
     command->add_flag("--bom", options->mark, "Begin the CSV with a byte-order mark, for spreadsheets")
@@ -141,6 +205,7 @@ void AddPrice(CLI::App& app, const Streams& streams, int& status) {
     command->add_flag("--features", options->features, "Show the features of bill items in the text");
     command->add_option("--area", options->area,
                         "The floor area in m2, a number or formula, for costs per m2");
+    command->add_option("--name", options->name, "The project's name, for the report");
     command->add_option("-o,--output", options->output, "Write to this file instead of standard output");
     command->callback([options, &streams, &status] { status = PriceCommand(*options, streams).Run(); });
 }

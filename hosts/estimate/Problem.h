@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "Place.h"
+
 namespace Estimate {
 
 enum class Severity {
@@ -15,9 +17,9 @@ enum class Severity {
 
 struct Problem {
     Severity severity = Severity::Error;
-    std::size_t line = 0;      ///< of the file, from 1
-    std::size_t column = 0;    ///< the field's number from 1; 0 when the row as a whole is meant
-    std::string_view heading;  ///< the column's name in this program; static
+    Place place;
+    std::size_t column = 0;    ///< the field's number from 1; 0 where fields have none or the row is meant
+    std::string_view heading;  ///< what the field is called in this program; static
     std::string reason;
 };
 
@@ -28,7 +30,7 @@ struct Problems {
     std::size_t badRows = 0;  ///< rows that aren't priced
 };
 
-/// "bill.csv:12:5: error: formula: …", as compilers write it.
+/// "bill.csv:12:5: error: formula: …", as compilers write it, or "project.xml: item 3, quota 2: error: …".
 std::string ProblemText(const std::string& file, const Problem& problem);
 
 }  // namespace Estimate

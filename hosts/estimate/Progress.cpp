@@ -12,8 +12,8 @@ constexpr const char* WipeLine = "\r\x1B[K";
 
 }  // namespace
 
-Progress::Progress(std::ostream& out, bool terminal, std::uint64_t totalBytes)
-    : m_out(out), m_total(totalBytes), m_enabled(terminal && totalBytes >= LongInput) {}
+Progress::Progress(std::ostream& out, bool terminal, std::uint64_t totalBytes, std::string_view activity)
+    : m_out(out), m_activity(activity), m_total(totalBytes), m_enabled(terminal && totalBytes >= LongInput) {}
 
 Progress::~Progress() {
     if (m_drawn)
@@ -27,7 +27,7 @@ void Progress::Show(std::uint64_t bytes) {
     m_percent = percent;
     m_drawn = true;
     const int full = BarWidth * percent / 100;
-    m_out << WipeLine << "pricing [" << std::string(static_cast<std::size_t>(full), '#')
+    m_out << WipeLine << m_activity << " [" << std::string(static_cast<std::size_t>(full), '#')
           << std::string(static_cast<std::size_t>(BarWidth - full), '.') << "] " << percent << " %"
           << std::flush;
 }

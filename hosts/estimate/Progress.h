@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <ostream>
+#include <string_view>
 
 namespace Estimate {
 
@@ -10,7 +11,9 @@ namespace Estimate {
 /// terminal and for inputs that are read in a blink.
 class Progress {
 public:
-    Progress(std::ostream& out, bool terminal, std::uint64_t totalBytes);
+    /// `activity` stands in front of the bar and outlives it.
+    Progress(std::ostream& out, bool terminal, std::uint64_t totalBytes,
+             std::string_view activity = "pricing");
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
     ~Progress();
@@ -19,6 +22,7 @@ public:
 
 private:
     std::ostream& m_out;
+    std::string_view m_activity;
     std::uint64_t m_total;
     bool m_enabled;
     bool m_drawn = false;

@@ -13,6 +13,7 @@
 namespace Estimate {
 
 struct Report {
+    std::string name;  ///< the project's; empty when it has none
     Bill bill;
     std::vector<Chapter> chapters;
     std::vector<IndicatorSum> indicators;

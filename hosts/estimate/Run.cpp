@@ -25,6 +25,7 @@ int Run(const std::vector<std::string>& arguments, const Streams& streams) {
     app.set_help_all_flag("--help-all", "Print the help of all commands and exit");
     int status = AllDone;
     AddPrice(app, streams, status);
+    AddConvert(app, streams, status);
     AddEval(app, streams, status);
     AddVars(app, streams, status);
     AddCapital(app, streams, status);

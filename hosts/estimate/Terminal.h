@@ -21,7 +21,7 @@ public:
 
 private:
     /// What a console was set to before; 0 where there is nothing to set back.
-    unsigned m_codePage = 0;
+    [[maybe_unused]] unsigned m_codePage = 0;
 };
 
 }  // namespace Estimate

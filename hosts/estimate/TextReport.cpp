@@ -10,6 +10,7 @@ namespace Estimate {
 namespace {
 
 constexpr std::size_t NameWidth = 40;
+constexpr std::size_t TitleWidth = 80;
 constexpr std::size_t CodeWidth = 16;
 constexpr std::size_t UnitWidth = 10;
 
@@ -190,6 +191,8 @@ void WriteTotals(std::ostream& out, const Report& report) {
 
 void WriteText(std::ostream& out, const Report& report) {
     out << "工程量清单计价表\n\n";
+    if (!report.name.empty())
+        out << "工程名称  " << Shortened(report.name, TitleWidth) << "\n\n";
     WriteItems(out, report);
     WriteChapters(out, report);
     WriteIndicators(out, report);

@@ -1,10 +1,8 @@
 #include "Variables.h"
 
-#include <array>
 #include <cmath>
 #include <string_view>
 
-#include "Columns.h"
 #include "Decimal.h"
 #include "FormulaText.h"
 #include "InputText.h"
@@ -13,16 +11,10 @@
 namespace Estimate {
 namespace {
 
-constexpr std::string_view NameHeadings[] = {"name",     "variable", "变量", "变量名",
-                                             "变量名称", "名称",     "代码"};
-constexpr std::string_view ValueHeadings[] = {"value", "值", "变量值", "数值"};
-constexpr std::array Specs = {ColumnSpec{"name", NameHeadings}, ColumnSpec{"value", ValueHeadings}};
-enum Column : std::size_t { Name, Value };
-
 constexpr double ValueLimit = 1e9;
 
-CString Lower(const CString& name) {
-    return CString(name).MakeLower();
+CString Lower(CString name) {
+    return name.MakeLower();
 }
 
 std::string WhyNoName(const CString& name) {
@@ -55,7 +47,7 @@ std::string Variables::Add(const CString& name, const CString& value) {
     number.Trim();
     number.Remove(u',');
     if (!m_values.emplace(Lower(plain), number).second)
-        return "the name stands in the table already (names don't differ by case)";
+        return "the name is taken already (names don't differ by case)";
     return {};
 }
 
@@ -64,32 +56,54 @@ const CString* Variables::Find(const CString& name) const {
     return found == m_values.end() ? nullptr : &found->second;
 }
 
-std::string ReadVariables(std::istream& in, Variables& variables, Problems& problems) {
+CString VariableKey(const CString& name) {
+    return Lower(PlainFormula(name));
+}
+
+void AddVariable(const VariableRow& row, const Columns& columns, Variables& variables, Problems& problems) {
+    using namespace VariableColumn;
+    const auto note = [&](std::size_t column, std::string_view heading, std::string reason) {
+        problems.found.push_back({Severity::Error, row.place, column, heading, std::move(reason)});
+        ++problems.badRows;
+    };
+    if (!row.fault.empty())
+        return note(0, {}, row.fault);
+    std::string reason = variables.Add(FromUtf8(row.fields[Name]), FromUtf8(row.fields[Value]));
+    if (reason.empty())
+        return;
+    const std::size_t column = reason.starts_with("the value") ? Value : Name;
+    note(columns.Number(column), columns.Title(column), std::move(reason));
+}
+
+std::string ReadVariableRows(std::istream& in, Columns& columns, const VariableRowHandler& handler) {
     const InputText text = DetectText(in);
     if (!text.refusal.empty())
         return text.refusal;
-    Columns columns(Specs);
-    const auto take = [&](const CsvRow& row) {
+    const auto take = [&](const CsvRow& fields) {
         if (!columns.IsKnown()) {
-            columns.TryHeadings(row);
+            columns.TryHeadings(fields);
             return;
         }
-        const CString name = FromUtf8(columns.Field(row, Name));
-        const CString value = FromUtf8(columns.Field(row, Value));
-        std::string reason = variables.Add(name, value);
-        if (!reason.empty()) {
-            const std::size_t column = reason.starts_with("the value") ? Value : Name;
-            problems.found.push_back({Severity::Error, row.line, columns.Number(column),
-                                      columns.Title(column), std::move(reason)});
-            ++problems.badRows;
-        }
+        VariableRow row;
+        row.place.line = fields.line;
+        for (std::size_t i = 0; i < row.fields.size(); ++i)
+            row.fields[i] = columns.Field(fields, i);
+        handler(row);
     };
     const CsvBreak end = ReadCsv(in, text.encoding, take);
     if (!end.reason.empty()) {
-        problems.found.push_back({Severity::Error, end.line, 0, {}, end.reason});
-        ++problems.badRows;
+        VariableRow remains;
+        remains.place.line = end.line;
+        remains.fault = end.reason;
+        handler(remains);
     }
     return columns.IsKnown() ? std::string() : "no row names the columns: " + columns.Missing();
+}
+
+std::string ReadVariables(std::istream& in, Variables& variables, Problems& problems) {
+    Columns columns(VariableColumn::Specs);
+    return ReadVariableRows(in, columns,
+                            [&](const VariableRow& row) { AddVariable(row, columns, variables, problems); });
 }
 
 }  // namespace Estimate

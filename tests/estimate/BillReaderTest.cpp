@@ -28,7 +28,7 @@ TEST(BillReader, PricesItemsAndQuotas) {
     const BillItem& item = priced.bill.items[0];
     EXPECT_EQ(item.name, "砖基础");
     EXPECT_EQ(item.features, "1.砖");
-    EXPECT_EQ(item.line, 2u);
+    EXPECT_EQ(item.place.line, 2u);
     EXPECT_EQ(DecimalText(item.quantity), "18.12");
     EXPECT_EQ(item.fen, 820'256);  // 18.12 * 452.68 = 8202.5616
     EXPECT_FALSE(item.composed);
@@ -86,7 +86,7 @@ TEST(BillReader, MarkQuotesAndLines) {
         "010401001002,b,,m3,2,\"1,234.50\"\r\n");
     EXPECT_EQ(priced.OnlyProblem(), "2:5:\"1,000\" is neither a number nor a known variable");
     ASSERT_EQ(priced.bill.items.size(), 1u);
-    EXPECT_EQ(priced.bill.items[0].line, 4u);
+    EXPECT_EQ(priced.bill.items[0].place.line, 4u);
     EXPECT_EQ(priced.bill.fen, 246'900);
     const PricedBill features =
         PriceBill("编码,名称,特征,单位,工程量,单价\n010401001001,a,\"1.x\n2.\"\"y\"\"\",m3,1,1\n");
@@ -98,7 +98,7 @@ TEST(BillReader, HeadingsInsideAreSkipped) {
         PriceBill(std::string("某办公楼\n") + Headings + ",土石方工程,,,,\n" + OneItem + "\n,,,,,\n");
     EXPECT_TRUE(priced.problems.found.empty());
     EXPECT_EQ(priced.bill.items.size(), 1u);
-    EXPECT_EQ(priced.bill.items[0].line, 4u);
+    EXPECT_EQ(priced.bill.items[0].place.line, 4u);
 }
 
 TEST(BillReader, TablesThatCannotBeRead) {
@@ -189,7 +189,7 @@ TEST(BillReader, WarningsDoNotMakeARowBad) {
     ASSERT_EQ(priced.problems.found.size(), 2u);
     EXPECT_EQ(priced.problems.found[0].severity, Severity::Warning);
     EXPECT_EQ(priced.problems.found[1].reason, "the bill code 010401001001 stands on line 2 already");
-    EXPECT_EQ(priced.problems.found[1].line, 3u);
+    EXPECT_EQ(priced.problems.found[1].place.line, 3u);
     EXPECT_EQ(priced.bill.items.size(), 2u);
 }
 

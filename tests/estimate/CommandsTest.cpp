@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include "ArgumentFolder.h"
 #include "TestSupport.h"
 #include "tests/support/Devices.h"
-#include "tests/support/TemporaryFolder.h"
 
 namespace {
 
@@ -19,25 +19,14 @@ bool Has(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
 }
 
-/// A folder whose files are named as arguments name them.
-class Folder : public TemporaryFolder {
-public:
-    std::string Path(const char* name) const {
-        const std::u8string path = File(name).u8string();
-        return std::string(path.begin(), path.end());
-    }
-    std::string Write(const char* name, const std::string& text) const {
-        TemporaryFolder::Write(name, text);
-        return Path(name);
-    }
-};
+using Folder = ArgumentFolder;
 
 }  // namespace
 
 TEST(Commands, HelpEverywhere) {
     const ProgramRun help = RunProgram({"--help"});
     EXPECT_EQ(help.status, 0);
-    for (const char* command : {"price", "eval", "vars", "capital", "sort", "unit"}) {
+    for (const char* command : {"price", "convert", "eval", "vars", "capital", "sort", "unit"}) {
         EXPECT_TRUE(Has(help.out, command)) << command;
         const ProgramRun run = RunProgram({command, "--help"});
         EXPECT_EQ(run.status, 0) << command;
@@ -53,6 +42,8 @@ TEST(Commands, WrongUsageCannotRun) {
                                                       {"price", "-", "--json", "--csv"},
                                                       {"price", "-", "--bom"},
                                                       {"unit"},
+                                                      {"convert", "-"},
+                                                      {"convert", "-o", "x.xml"},
                                                       {"sort", "--kind", "x"},
                                                       {"eval", "-d", "7", "1"},
                                                       {"price", "-", "--nonsense"}}) {

@@ -24,12 +24,12 @@ TEST(GeneratedBill, ManyRowsArePricedInOrder) {
             ASSERT_LT(priced.bill.items[i - 1].code, item.code);
         }
         sum += item.fen;
-        lines.insert(item.line);
+        lines.insert(item.place.line);
         for (std::size_t q = 0; q < item.quotaCount; ++q) {
             const QuotaItem& quota = priced.bill.quotas[item.firstQuota + q];
             // Each quota row still stands below its own bill item.
-            ASSERT_GT(quota.line, item.line);
-            ASSERT_LE(quota.line, item.line + 4);
+            ASSERT_GT(quota.place.line, item.place.line);
+            ASSERT_LE(quota.place.line, item.place.line + 4);
             if (q > 0) {
                 ASSERT_LE(IQsUtils::CompareDECode(FromUtf8(priced.bill.quotas[item.firstQuota + q - 1].code),
                                                   FromUtf8(quota.code)),

@@ -54,3 +54,41 @@ TEST(InputText, NoText) {
     EXPECT_EQ(Detect(std::string("a\0b", 3)).text.refusal, "this is no text: it holds NUL bytes");
     EXPECT_EQ(Detect("a").text.refusal, "");
 }
+
+namespace {
+
+bool StartsMarkup(const std::string& bytes) {
+    std::istringstream in(bytes);
+    const bool is = IsMarkup(in);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), bytes);
+    return is;
+}
+
+std::string Wide(const std::string& ascii, bool swapped) {
+    std::string bytes;
+    for (const char byte : ascii)
+        bytes.append(swapped ? std::string{0, byte} : std::string{byte, 0});
+    return bytes;
+}
+
+}  // namespace
+
+TEST(InputText, MarkupIsToldByItsFirstCharacter) {
+    const std::string document = "<Project/>";
+    EXPECT_TRUE(StartsMarkup(document));
+    EXPECT_TRUE(StartsMarkup(" \t\r\n" + document));
+    EXPECT_TRUE(StartsMarkup("\xEF\xBB\xBF" + document));
+    EXPECT_TRUE(StartsMarkup("\xEF\xBB\xBF\n" + document));
+    for (const bool swapped : {false, true}) {
+        const std::string mark = swapped ? "\xFE\xFF" : "\xFF\xFE";
+        EXPECT_TRUE(StartsMarkup(mark + Wide(document, swapped)));
+        EXPECT_TRUE(StartsMarkup(mark + Wide(" \n" + document, swapped)));
+        EXPECT_TRUE(StartsMarkup(Wide(document, swapped)));
+        EXPECT_FALSE(StartsMarkup(mark + Wide("code", swapped)));
+    }
+    EXPECT_TRUE(StartsMarkup(std::string(1 << 20, ' ') + document));
+    for (const char* text :
+         {"", " ", "code,name", ",<", "\"<\"", "\xEF\xBB\xBF", "\xEF\xBB<", "x<a/>", "\xFF<"})
+        EXPECT_FALSE(StartsMarkup(text)) << text;
+    EXPECT_FALSE(StartsMarkup(std::string(1 << 20, ' ')));
+}

@@ -32,3 +32,10 @@ TEST(Progress, OnlyForLongInputsOnATerminal) {
         EXPECT_EQ(out.str(), "");
     }
 }
+
+TEST(Progress, SaysWhatGoesOn) {
+    std::ostringstream out;
+    Progress(out, true, 10 << 20, "converting").Show(5 << 20);
+    EXPECT_NE(out.str().find("converting ["), std::string::npos);
+    EXPECT_NE(out.str().find(" 50 %"), std::string::npos);
+}

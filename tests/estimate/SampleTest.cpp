@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "ArgumentFolder.h"
 #include "CsvRows.h"
 #include "TestSupport.h"
 
@@ -94,4 +95,46 @@ TEST(Sample, WithoutItsVariablesMostRowsAreBad) {
     const ProgramRun run = RunProgram({"price", Bill});
     EXPECT_EQ(run.status, 1);
     EXPECT_NE(run.err.find("\"LW\" is neither a number nor a known variable"), std::string::npos);
+}
+
+namespace {
+
+const std::string Document = std::string(ESTIMATE_SAMPLES) + "/project.xml";
+const std::string ProjectName = "三层办公楼";
+
+}  // namespace
+
+TEST(Sample, TheDocumentIsPricedAsTheTablesAre) {
+    for (const std::vector<std::string>& form :
+         {std::vector<std::string>{}, {"--features"}, {"--json"}, {"--csv"}, {"--csv", "--bom"}}) {
+        std::vector<std::string> document = {"price", Document};
+        std::vector<std::string> tables = {"price",  Bill,        "--vars", VariableTable,
+                                           "--name", ProjectName, "--area", "LW*BW*3"};
+        document.insert(document.end(), form.begin(), form.end());
+        tables.insert(tables.end(), form.begin(), form.end());
+        const ProgramRun run = RunProgram(document);
+        EXPECT_EQ(run.status, 0);
+        EXPECT_EQ(run.err, "");
+        EXPECT_GT(run.out.size(), 10'000u);
+        EXPECT_EQ(run.out, RunProgram(tables).out);
+    }
+}
+
+TEST(Sample, TheDocumentIsWhatTheTablesConvertTo) {
+    const ArgumentFolder folder;
+    const std::string made = folder.Path("made.xml");
+    EXPECT_EQ(RunProgram({"convert", Bill, "--vars", VariableTable, "--name", ProjectName, "--area",
+                          "LW*BW*3", "-o", made})
+                  .status,
+              0);
+    EXPECT_EQ(ReadWhole(made), ReadWhole(Document));
+}
+
+TEST(Sample, TheDocumentConvertsBackToTheTables) {
+    const ArgumentFolder folder;
+    const std::string bill = folder.Path("bill.csv");
+    const std::string variables = folder.Path("variables.csv");
+    EXPECT_EQ(RunProgram({"convert", Document, "-o", bill, "--vars-out", variables}).status, 0);
+    EXPECT_EQ(RowsOf(ReadWhole(bill)), RowsOf(ReadWhole(Bill)));
+    EXPECT_EQ(RowsOf(ReadWhole(variables)), RowsOf(ReadWhole(VariableTable)));
 }

@@ -40,7 +40,8 @@ struct PricedBill {
         if (problems.found.size() != 1)
             return std::to_string(problems.found.size()) + " problems";
         const Estimate::Problem& problem = problems.found.front();
-        return std::to_string(problem.line) + ":" + std::to_string(problem.column) + ":" + problem.reason;
+        return std::to_string(problem.place.line) + ":" + std::to_string(problem.column) + ":" +
+               problem.reason;
     }
 };
 

@@ -78,7 +78,7 @@ TEST(Variables, BadRowsAreNotedAndLeftOut) {
               "v.csv:3:1: error: name: in a formula the name would be read as the function cos");
     EXPECT_EQ(ProblemText("v.csv", table.problems.found[1]),
               "v.csv:4:2: error: value: the value is no number: \"abc\"");
-    EXPECT_EQ(table.problems.found[2].line, 5u);
+    EXPECT_EQ(table.problems.found[2].place.line, 5u);
     EXPECT_EQ(Found(table.variables, u"H"), "3");
 }
 
