@@ -85,8 +85,7 @@ TEST_F(Convert, ThereAndBack) {
     EXPECT_EQ(back.status, 0);
     EXPECT_EQ(back.err, "");
     EXPECT_EQ(DataOf(Read("b.CSV")), DataOf(Bill));
-    EXPECT_EQ(Read("v.csv"),
-              "\"变量名\",\"数值\",\"说明\"\r\n\"L\",\"36.24\",\"长\"\r\n\"B\",\"14\",\r\n");
+    EXPECT_EQ(Read("v.csv"), "\"变量名\",\"数值\",\"说明\"\r\n\"L\",\"36.24\",\"长\"\r\n\"B\",\"14\",\r\n");
     const ProgramRun priced = RunProgram({"price", Path("p.xml")});
     EXPECT_EQ(priced.status, 1);
     EXPECT_EQ(priced.out, RunProgram({"price", bill, "--vars", variables}).out);
