@@ -129,6 +129,7 @@ prepare_wine() {
 start_wine() {
     in_wine wineserver --persistent="$1" >/dev/null 2>&1 </dev/null
     in_wine wineboot >/dev/null 2>&1 </dev/null
+    in_wine wine explorer.exe /desktop >/dev/null 2>&1 </dev/null &
 }
 
 prepare_windows() {

@@ -9,6 +9,7 @@
 #include "QsUtils/expression/CExpressionAnalyse.h"
 
 #include "tests/expression/PlainAnalyser.h"
+#include "tests/support/Rounds.h"
 
 namespace {
 
@@ -135,7 +136,7 @@ TEST(AnalyserDifferential, RandomUnits) {
     RandomFormulas random(20260101);
     static const char16_t units[] = u"12.+-*/^()[]{}x %sinl\u2030\u00d7";
     const std::u16string_view pool(units);
-    for (int i = 0; i < 400000; ++i) {
+    for (int i = 0; i < Rounds(400000); ++i) {
         std::u16string formula = random.FromPieces(pool, 30);
         ASSERT_TRUE(Agrees(formula)) << Narrow(formula);
         formula = Balanced(formula);
@@ -145,7 +146,7 @@ TEST(AnalyserDifferential, RandomUnits) {
 
 TEST(AnalyserDifferential, SensibleFormulas) {
     RandomFormulas random(7);
-    for (int i = 0; i < 400000; ++i) {
+    for (int i = 0; i < Rounds(400000); ++i) {
         const std::u16string formula = random.Sensible(3);
         ASSERT_TRUE(Agrees(formula)) << Narrow(formula);
     }

@@ -9,6 +9,7 @@
 #include "QsUtils/expression/COprateString.h"
 
 #include "tests/expression/PlainVariables.h"
+#include "tests/support/Rounds.h"
 
 namespace {
 
@@ -164,7 +165,7 @@ TEST(FormulaVariables, AgreeWithThePlainScans) {
             text += CString(pieces[random() % std::size(pieces)]);
         return text;
     };
-    for (int i = 0; i < 300000; ++i) {
+    for (int i = 0; i < Rounds(300000); ++i) {
         const CString text = formula(14);
         ASSERT_EQ(IQsUtils::IsVariable(text), PlainVariables::IsVariable(text)) << text;
         for (const bool unique : {false, true}) {

@@ -10,6 +10,7 @@
 #include "QsUtils/platform/ProfileText.h"
 
 #include "tests/platform/PlainProfile.h"
+#include "tests/support/Rounds.h"
 
 using QsPlatform::ProfileDocument;
 using QsPlatform::SetProfileValue;
@@ -82,7 +83,7 @@ private:
 TEST(ProfileDifferential, Reading) {
     RandomFiles random(7);
     int found = 0;
-    for (int i = 0; i < 1'000'000; ++i) {
+    for (int i = 0; i < Rounds(1'000'000); ++i) {
         const std::string bytes = random.TornFile();
         const std::u16string section = random.Section();
         const std::u16string key = random.Key();
@@ -93,13 +94,13 @@ TEST(ProfileDifferential, Reading) {
                   CString(PlainProfile::Text(bytes, section, key, fallback, size)))
             << i << ' ' << ::testing::PrintToString(bytes) << CString(section) << '|' << CString(key);
     }
-    EXPECT_GT(found, 50'000);
+    EXPECT_GT(found, Rounds(50'000));
 }
 
 TEST(ProfileDifferential, Writing) {
     RandomFiles random(8);
     int refused = 0;
-    for (int i = 0; i < 1'000'000; ++i) {
+    for (int i = 0; i < Rounds(1'000'000); ++i) {
         const std::string bytes = random.File();
         const std::u16string section = PlainProfile::Trim(random.Section());
         const std::u16string key = PlainProfile::Trim(random.Key());
@@ -122,7 +123,7 @@ TEST(ProfileDifferential, Writing) {
 /// Also where the file is torn: the value is found, nothing else has changed, and the next call does nothing.
 TEST(ProfileDifferential, WritingChangesOneValue) {
     RandomFiles random(9);
-    for (int i = 0; i < 300'000; ++i) {
+    for (int i = 0; i < Rounds(300'000); ++i) {
         const std::string bytes = random.TornFile();
         const std::u16string section = random.Section();
         const std::u16string key = random.Key();

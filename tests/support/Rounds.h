@@ -1,0 +1,14 @@
+// How long a comparison on random input goes on.
+#pragma once
+
+/// All rounds in a plain build. A sanitizer makes each of them ten to fifty times slower and looks for faults
+/// that show in the first ones; the seeds are the same, so it sees the same beginning.
+constexpr int Rounds(int all) {
+#if defined(__SANITIZE_THREAD__)
+    return all / 40;
+#elif defined(__SANITIZE_ADDRESS__)
+    return all / 8;
+#else
+    return all;
+#endif
+}
