@@ -11,6 +11,7 @@
 #include "Progress.h"
 #include "Project.h"
 #include "ProjectDocument.h"
+#include "Refusal.h"
 #include "Variables.h"
 #include "XmlText.h"
 
@@ -45,27 +46,15 @@ public:
     }
 
 private:
-    bool Refuse(const std::string& reason) {
-        m_streams.err << "estimate: " << reason << '\n';
-        return false;
-    }
-
-    InputFile Open(const std::string& path) {
-        InputFile file = OpenInput(path, m_streams.in);
-        if (file.stream == nullptr)
-            Refuse("the file can't be read: " + path);
-        return file;
-    }
-
     bool CheckOptions() {
         if (m_target == ProjectForm::Table && !EndsWith(m_options.output, ".csv"))
-            return Refuse("the output ends with .xml or .csv: " + m_options.output);
+            return Refuse(m_streams, "the output ends with .xml or .csv: " + m_options.output);
         if (m_options.output == m_options.variableOutput)
-            return Refuse("--output and --vars-out are the same file");
+            return Refuse(m_streams, "--output and --vars-out are the same file");
         if (const std::string reason = WhyNoXml(m_options.name); !reason.empty())
-            return Refuse("--name: " + reason);
+            return Refuse(m_streams, "--name: " + reason);
         if (const std::string reason = WhyNoXml(m_options.area); !reason.empty())
-            return Refuse("--area: " + reason);
+            return Refuse(m_streams, "--area: " + reason);
         m_project.name = m_options.name;
         m_project.area = m_options.area;
         return true;
@@ -76,17 +65,17 @@ private:
         for (const Problem& problem : problems.found)
             m_streams.err << ProblemText(problems.file, problem) << '\n';
         if (!refusal.empty())
-            return Refuse(problems.file + ": " + refusal);
-        return problems.found.empty() || Refuse("nothing is written");
+            return Refuse(m_streams, problems.file + ": " + refusal);
+        return problems.found.empty() || Refuse(m_streams, "nothing is written");
     }
 
     bool ReadInput() {
-        InputFile file = Open(m_options.input);
+        InputFile file = OpenOrRefuse(m_options.input, m_streams);
         if (file.stream == nullptr)
             return false;
         const bool isDocument = IsMarkup(*file.stream);
         if (isDocument && m_options.input == "-")
-            return Refuse("a project in XML is read from a file");
+            return Refuse(m_streams, "a project in XML is read from a file");
         Problems problems{file.name, {}, 0};
         std::string refusal;
         {
@@ -128,7 +117,7 @@ private:
     bool ReadVariableTable() {
         if (m_options.variables.empty())
             return true;
-        const InputFile file = Open(m_options.variables);
+        const InputFile file = OpenOrRefuse(m_options.variables, m_streams);
         if (file.stream == nullptr)
             return false;
         m_collector.BeginReplacing();
@@ -146,7 +135,7 @@ private:
             out << (m_options.mark ? "\xEF\xBB\xBF" : "");
             write(out, m_project);
         });
-        return failure.empty() || Refuse(failure);
+        return failure.empty() || Refuse(m_streams, failure);
     }
 
     bool Write() {
@@ -154,7 +143,7 @@ private:
             return false;
         if (m_target == ProjectForm::Document) {
             const std::string failure = WriteDocument(m_options.output, m_project);
-            return failure.empty() || Refuse(failure);
+            return failure.empty() || Refuse(m_streams, failure);
         }
         if (!m_project.variables.empty() && m_options.variableOutput.empty())
             m_streams.err << "estimate: warning: the variables are left out; --vars-out writes them\n";

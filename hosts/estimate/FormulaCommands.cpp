@@ -9,8 +9,8 @@
 
 #include "Commands.h"
 #include "Decimal.h"
-#include "Files.h"
 #include "Formula.h"
+#include "Refusal.h"
 #include "Utf8.h"
 
 namespace Estimate {
@@ -23,11 +23,6 @@ struct EvalOptions {
     std::string amount;
     int decimals = -1;
 };
-
-bool Refuse(const Streams& streams, const std::string& reason) {
-    streams.err << "estimate: " << reason << '\n';
-    return false;
-}
 
 bool Bind(const std::vector<std::string>& bindings, const Streams& streams, Variables& variables) {
     for (const std::string& binding : bindings) {
@@ -46,9 +41,9 @@ bool Bind(const std::vector<std::string>& bindings, const Streams& streams, Vari
 bool ReadTable(const std::string& path, const Streams& streams, Variables& variables) {
     if (path.empty())
         return true;
-    const InputFile file = OpenInput(path, streams.in);
+    const InputFile file = OpenOrRefuse(path, streams);
     if (file.stream == nullptr)
-        return Refuse(streams, "the file can't be read: " + path);
+        return false;
     Problems problems{file.name, {}, 0};
     const std::string refusal = ReadVariables(*file.stream, variables, problems);
     for (const Problem& problem : problems.found)

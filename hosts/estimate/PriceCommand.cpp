@@ -12,6 +12,7 @@
 #include "InputText.h"
 #include "Progress.h"
 #include "ProjectDocument.h"
+#include "Refusal.h"
 #include "Report.h"
 #include "Utf8.h"
 
@@ -46,18 +47,6 @@ public:
     }
 
 private:
-    bool Refuse(const std::string& reason) {
-        m_streams.err << "estimate: " << reason << '\n';
-        return false;
-    }
-
-    InputFile Open(const std::string& path) {
-        InputFile file = OpenInput(path, m_streams.in);
-        if (file.stream == nullptr)
-            Refuse("the file can't be read: " + path);
-        return file;
-    }
-
     void Print(const Problems& problems) {
         for (const Problem& problem : problems.found)
             m_streams.err << ProblemText(problems.file, problem) << '\n';
@@ -71,22 +60,22 @@ private:
     bool ReadTables() {
         if (m_options.variables.empty())
             return ReadProject();
-        const InputFile file = Open(m_options.variables);
+        const InputFile file = OpenOrRefuse(m_options.variables, m_streams);
         if (file.stream == nullptr)
             return false;
         Problems& problems = NewProblems(file.name);
         const std::string refusal = ReadVariables(*file.stream, m_variables, problems);
         Print(problems);
-        return refusal.empty() ? ReadProject() : Refuse(file.name + ": " + refusal);
+        return refusal.empty() ? ReadProject() : Refuse(m_streams, file.name + ": " + refusal);
     }
 
     bool ReadProject() {
-        InputFile file = Open(m_options.bill);
+        InputFile file = OpenOrRefuse(m_options.bill, m_streams);
         if (file.stream == nullptr)
             return false;
         const bool isDocument = IsMarkup(*file.stream);
         if (isDocument && m_options.bill == "-")
-            return Refuse("a project in XML is read from a file");
+            return Refuse(m_streams, "a project in XML is read from a file");
         Problems& problems = NewProblems(file.name);
         std::string refusal;
         {
@@ -95,7 +84,7 @@ private:
             refusal = isDocument ? ReadDocument(file, problems, show) : ReadTable(file, problems, show);
         }
         Print(problems);
-        return refusal.empty() || Refuse(refusal);
+        return refusal.empty() || Refuse(m_streams, refusal);
     }
 
     /// What the command line says about the project goes before what the project says itself.
@@ -176,7 +165,7 @@ private:
         }
         const std::string failure =
             WriteOutput(m_options.output, [this](std::ostream& out) { WriteReport(out); });
-        return failure.empty() || Refuse(failure);
+        return failure.empty() || Refuse(m_streams, failure);
     }
 
     const PriceOptions& m_options;
