@@ -17,7 +17,8 @@ windows_dependencies_key() {
             package_version "$package"
             echo
         done
-        cat "$root/cmake/windows/"* "$root/scripts/windows.sh"
+        cat "$root/cmake/windows/"*
+        declare -f fetch_source configure_for_windows build_windows_dependencies
     } | sha256sum | cut -c 1-16
 }
 

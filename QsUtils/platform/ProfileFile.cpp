@@ -1,6 +1,6 @@
 // One engine for every system, though one of them has the calls that this follows: those rewrite the whole
-// file on a change, in place, and remember files by name and time. So both systems write the same bytes, and
-// a test holds the reading to the answers of the calls.
+// file on a change, in place. So both systems write the same bytes, and a test holds the reading to the
+// answers of the calls.
 #include "QsUtils/platform/ProfileFile.h"
 
 #include <algorithm>

@@ -37,6 +37,14 @@ bool FitsWithoutQuotes(const std::vector<std::string>& fields) {
            raw[0] == raw.back();
 }
 
+/// The file of a case, or none.
+void LayFile(const TemporaryFolder& folder, const std::string& contents) {
+    if (contents == "(none)")
+        std::filesystem::remove(folder.File("a.ini"));
+    else
+        folder.Write("a.ini", Fixture::Bytes(contents));
+}
+
 TEST(ProfileFile, ReadsWhatTheSystemsCallsRead) {
     const TemporaryFolder folder;
     const CString path = folder.Text("a.ini");
@@ -46,10 +54,7 @@ TEST(ProfileFile, ReadsWhatTheSystemsCallsRead) {
         const std::vector<std::string> fields = Fixture::Fields(line);
         if (fields.at(0) != "read")
             continue;
-        if (fields.at(1) == "(none)")
-            std::filesystem::remove(folder.File("a.ini"));
-        else
-            folder.Write("a.ini", Fixture::Bytes(fields.at(1)));
+        LayFile(folder, fields.at(1));
         ++cases;
         CString answer = ReadProfileValue(path, Text(fields.at(2)), Text(fields.at(3)), Text(fields.at(4)),
                                           std::stoi(fields.at(5)));
@@ -72,10 +77,7 @@ TEST(ProfileFile, ReadsAfterAWriteWhatTheSystemsCallsRead) {
         const std::vector<std::string> fields = Fixture::Fields(line);
         if (fields.at(0) != "write")
             continue;
-        if (fields.at(1) == "(none)")
-            std::filesystem::remove(folder.File("a.ini"));
-        else
-            folder.Write("a.ini", Fixture::Bytes(fields.at(1)));
+        LayFile(folder, fields.at(1));
         ++cases;
         EXPECT_TRUE(WriteProfileValue(path, Text(fields.at(2)), Text(fields.at(3)), Text(fields.at(4))));
         EXPECT_EQ(ReadProfileValue(path, Text(fields.at(5)), Text(fields.at(6)), u"(default)", 128),

@@ -1,7 +1,5 @@
 #include "QsUtils/platform/NativePath.h"
 
-#include "QsUtils/platform/win32/Windows.h"
-
 std::filesystem::path ToNativePath(const CString& path) {
     return std::filesystem::path(path.ToWide());
 }

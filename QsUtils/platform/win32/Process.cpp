@@ -1,6 +1,7 @@
 #include "QsUtils/platform/Process.h"
 
 #include <cstdio>
+#include <exception>
 #include <string>
 
 #include "QsUtils/platform/win32/Windows.h"

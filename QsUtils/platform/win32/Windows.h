@@ -6,7 +6,6 @@
 #define NOMINMAX
 #endif
 #include <cstddef>
-#include <limits>
 
 #include <windows.h>
 

@@ -15,6 +15,7 @@
 #include "QsUtils/platform/FileReplacement.h"
 
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/posix/InChild.h"
 
 using QsPlatform::FileFailure;
 using QsPlatform::FileReplacement;
@@ -63,17 +64,6 @@ bool Replace(const CString& path, std::string_view bytes, FileFailure* failure =
     if (failure != nullptr)
         *failure = file.Failure();
     return done;
-}
-
-/// What `work` gives in a process of its own, which may give up rights.
-template <typename Work>
-int InChild(Work work) {
-    const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(work());
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 mode_t ModeOf(const fs::path& path) {

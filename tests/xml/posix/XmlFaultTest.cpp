@@ -20,6 +20,7 @@
 #include "QsUtils/QsUtils.h"
 
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/posix/InChild.h"
 
 namespace {
 
@@ -32,17 +33,6 @@ std::unique_ptr<XMLNode> LargeTree(const std::wstring& text) {
         root->Children.back()->Text = text;
     }
     return root;
-}
-
-/// What `work` gives in a process of its own, which may lower its limits; -1 when it dies.
-template <typename Work>
-int InChild(Work work) {
-    const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(work());
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 enum Outcome : int { Saved, Refused, CanNotOpen, CanNotWrite, SomethingElse };
