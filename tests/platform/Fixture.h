@@ -11,7 +11,7 @@
 namespace Fixture {
 
 inline std::vector<std::string> Lines(const char* name) {
-    const std::filesystem::path path = std::filesystem::path(__FILE__).parent_path() / "data" / name;
+    const std::filesystem::path path = std::filesystem::path(PLATFORM_ANSWERS) / name;
     std::ifstream file(path, std::ios::binary);
     if (!file)
         throw std::runtime_error("no fixture " + path.string());
