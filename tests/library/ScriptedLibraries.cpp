@@ -22,15 +22,24 @@ std::wstring ScriptedLibraries::PathOf(int kind, const std::wstring& family, con
     const std::wstring root = m_base + L"families\\";
     const std::wstring inSection = root + family + L"\\" + section + L"\\";
     switch (kind) {
-        case LibraryPath_Root: return root;
-        case LibraryPath_Family: return root + family + L"\\";
-        case LibraryPath_Quota: return inSection + L"quota\\";
-        case LibraryPath_BillRoot: return inSection + L"bill\\";
-        case LibraryPath_EnterpriseBill: return m_base + L"enterprise\\" + family + L"\\";
-        case LibraryPath_CompanionFile: return inSection + L"beside\\";
-        case LibraryPath_SubLibraryRoot: return inSection + L"items\\";
-        case LibraryPath_SubLibrary: return inSection + L"items\\" + item + L"\\";
-        default: return inSection + std::to_wstring(kind) + L"\\";
+        case LibraryPath_Root:
+            return root;
+        case LibraryPath_Family:
+            return root + family + L"\\";
+        case LibraryPath_Quota:
+            return inSection + L"quota\\";
+        case LibraryPath_BillRoot:
+            return inSection + L"bill\\";
+        case LibraryPath_EnterpriseBill:
+            return m_base + L"enterprise\\" + family + L"\\";
+        case LibraryPath_CompanionFile:
+            return inSection + L"beside\\";
+        case LibraryPath_SubLibraryRoot:
+            return inSection + L"items\\";
+        case LibraryPath_SubLibrary:
+            return inSection + L"items\\" + item + L"\\";
+        default:
+            return inSection + std::to_wstring(kind) + L"\\";
     }
 }
 

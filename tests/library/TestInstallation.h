@@ -23,8 +23,8 @@ CString Directory();
 std::wstring Base();
 void ClearLibraries();
 
-/// Makes a file, or a folder for a path that ends with a backslash, and the folders on the way. The path is in
-/// the library's form.
+/// Makes a file, or a folder for a path that ends with a backslash, and the folders on the way. The path is
+/// in the library's form.
 void Make(const std::wstring& path);
 
 /// The script whose answers count from now on.
