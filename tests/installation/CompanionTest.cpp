@@ -44,10 +44,15 @@ public:
         return Ask(commands, {{"COMPANION_ROOT", std::string(m_root.begin(), m_root.end())}});
     }
 
-    /// The first lines of every process that calls the companion, and the last one.
+    /// The first lines of every process that calls the companion.
     Texts Loaded() const {
         return {u"> InitializationSupportProduct 1 [" + Beside(u"Visitor\\") + u"]",
                 u"> GetLibraryDirectoryVisitor"};
+    }
+    Texts LoadedThen(const Texts& lines) const {
+        Texts all = Loaded();
+        all.insert(all.end(), lines.begin(), lines.end());
+        return all;
     }
 
 private:
@@ -64,7 +69,7 @@ Texts operator+(Texts a, const Texts& b) {
 TEST(Companion, ItIsLoadedPreparedAskedAndEnded) {
     const Libraries libraries;
     EXPECT_EQ(libraries.AskIt({u"GetFamilyDirectory", u"F", u"", u""}),
-              libraries.Loaded() + Texts{u"> GetLibraryPath 1 [F][][][]", libraries.Kind(1), End});
+              libraries.LoadedThen({u"> GetLibraryPath 1 [F][][][]", libraries.Kind(1), End}));
 }
 
 TEST(Companion, NothingIsLoadedBeforeItIsNeeded) {
@@ -106,23 +111,23 @@ TEST(Companion, EachFolderIsAskedForByItsKind) {
 
 TEST(Companion, FieldsCrossAsTheyAre) {
     const Libraries libraries;
-    EXPECT_EQ(libraries.AskIt({u"GetSubLibraryDirectory", u"安徽 2018", u"", u"土建 a\\b"}),
-              libraries.Loaded() +
-                  Texts{u"> GetLibraryPath 13 [安徽 2018][][土建 a\\b][]", libraries.Kind(13), End});
+    EXPECT_EQ(
+        libraries.AskIt({u"GetSubLibraryDirectory", u"安徽 2018", u"", u"土建 a\\b"}),
+        libraries.LoadedThen({u"> GetLibraryPath 13 [安徽 2018][][土建 a\\b][]", libraries.Kind(13), End}));
 }
 
 TEST(Companion, TheRootIsKeptOnceItIsThere) {
     const Libraries libraries;
-    EXPECT_EQ(libraries.AskIt({u"GetLibraryRootDirectory", u"GetLibraryRootDirectory"}),
-              libraries.Loaded() +
-                  Texts{u"> GetLibraryPath 0 [][][][]", libraries.Kind(0), libraries.Kind(0), End});
+    EXPECT_EQ(
+        libraries.AskIt({u"GetLibraryRootDirectory", u"GetLibraryRootDirectory"}),
+        libraries.LoadedThen({u"> GetLibraryPath 0 [][][][]", libraries.Kind(0), libraries.Kind(0), End}));
 }
 
 TEST(Companion, AnEmptyRootIsAskedForAgain) {
     const Libraries libraries;
     EXPECT_EQ(libraries.Ask({u"GetLibraryRootDirectory", u"GetLibraryRootDirectory"}),
-              libraries.Loaded() +
-                  Texts{u"> GetLibraryPath 0 [][][][]", u"", u"> GetLibraryPath 0 [][][][]", u"", End});
+              libraries.LoadedThen(
+                  {u"> GetLibraryPath 0 [][][][]", u"", u"> GetLibraryPath 0 [][][][]", u"", End}));
 }
 
 TEST(Companion, BillLibrariesLieInTheFolderOfTheirProvider) {
@@ -130,23 +135,23 @@ TEST(Companion, BillLibrariesLieInTheFolderOfTheirProvider) {
     const Texts asked = {u"> GetLibraryPath 3 [F][S][][]", u"> GetLibraryGlobalConfigVisitor [F][S]",
                          u"> GetLibraryProvider"};
     EXPECT_EQ(libraries.AskIt({u"GetBillLibraryDirectory", u"F", u"S", u"I"}),
-              libraries.Loaded() + asked + Texts{libraries.Kind(3) + u"Provider\\", End});
+              libraries.LoadedThen({asked[0], asked[1], asked[2], libraries.Kind(3) + u"Provider\\", End}));
     EXPECT_EQ(libraries.Ask({u"GetBillLibraryDirectory", u"F", u"S", u"I"}),
-              libraries.Loaded() + Texts{asked[0], u"", End})
+              libraries.LoadedThen({asked[0], u"", End}))
         << "without a root nobody is asked for the provider";
 }
 
 TEST(Companion, TagsAreAskedOfTheVisitor) {
     const Libraries libraries;
     EXPECT_EQ(libraries.AskIt({u"GetLibraryTag", u"土建", u"GetLibraryTag", u""}),
-              libraries.Loaded() +
-                  Texts{u"> GetLibraryTag [土建]", u"tag of 土建", u"> GetLibraryTag []", u"tag of ", End});
+              libraries.LoadedThen(
+                  {u"> GetLibraryTag [土建]", u"tag of 土建", u"> GetLibraryTag []", u"tag of ", End}));
 }
 
 TEST(Companion, TheVisitorIsFetchedOnce) {
     const Libraries libraries;
     EXPECT_EQ(libraries.AskIt({u"GetLibraryDirectoryVisitor", u"GetLibraryDirectoryVisitor"}),
-              libraries.Loaded() + Texts{u"yes", u"yes", End});
+              libraries.LoadedThen({u"yes", u"yes", End}));
 }
 
 TEST(Companion, ANullVisitorIsAskedForAgain) {
@@ -155,7 +160,7 @@ TEST(Companion, ANullVisitorIsAskedForAgain) {
     EXPECT_EQ(libraries.Ask({u"GetLibraryDirectoryVisitor", u"GetLibraryRootDirectory", u"GetLibraryTag",
                              u"x", u"GetFamilyDirectory", u"F", u"S", u"I"},
                             {{"COMPANION_NULL", "1"}, {"COMPANION_ROOT", "x"}}),
-              libraries.Loaded() + Texts{u"no", fetch, u"", fetch, u"", fetch, u"", End});
+              libraries.LoadedThen({u"no", fetch, u"", fetch, u"", fetch, u"", End}));
 }
 
 TEST(Companion, OneThatComesLaterIsLoadedThen) {
