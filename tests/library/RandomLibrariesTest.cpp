@@ -316,7 +316,7 @@ TEST_F(RandomLibraries, TheManagerAnswersAsThePlainModelDoes) {
         texts.insert(texts.end(), {L"", unknown});
         return texts;
     };
-    const int rounds = Rounds(1000);
+    const int rounds = Rounds(300);
     for (int round = 0; round < rounds && !HasFailure(); ++round) {
         SCOPED_TRACE(round);
         Generator generator(static_cast<unsigned>(round));
@@ -327,7 +327,7 @@ TEST_F(RandomLibraries, TheManagerAnswersAsThePlainModelDoes) {
         std::vector<CString> families = {u"before"};
         manager.GetLibraryFamilies(families);
         EXPECT_EQ(families, ToTexts(model.Families()));
-        for (int question = 0; question < 40; ++question) {
+        for (int question = 0; question < 10; ++question) {
             const Text family = generator.One(withEmpty(familyNames, L"no family"));
             const Text section = generator.One(withEmpty(sectionNames, L"no section"));
             const Text item = generator.One(withEmpty(itemNames, L"no item"));
