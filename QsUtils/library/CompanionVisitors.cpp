@@ -58,6 +58,7 @@ std::vector<const LibraryEntry*> EntriesOf(ILibraryGlobalConfigVisitor& section,
     std::stable_sort(keyed.begin(), keyed.end(),
                      [](const auto& a, const auto& b) { return a.first < b.first; });
     std::vector<const LibraryEntry*> entries;
+    entries.reserve(keyed.size());
     for (const auto& [key, entry] : keyed)
         entries.push_back(entry);
     return entries;

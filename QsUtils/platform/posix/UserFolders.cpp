@@ -27,7 +27,8 @@ constexpr std::size_t LargestUserDirs = std::size_t{1} << 20;
 constexpr std::size_t AccountBuffer = std::size_t{1} << 16;
 
 std::string_view Environment(const char* name) {
-    const char* const value = std::getenv(name);
+    // The library never changes the environment, and a host that does while others read it is lost anyway.
+    const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe)
     return value == nullptr ? std::string_view() : std::string_view(value);
 }
 
