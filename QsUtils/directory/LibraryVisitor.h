@@ -5,7 +5,9 @@
 // The companion is loaded at run time from the folder that `DirectoryConfig.xml` gives under "LibVisitor". It
 // is built with the same family of compiler as this library, since texts cross the boundary as
 // `std::wstring`. Every pointer that it hands out stays its own and is good until it is unloaded. It is
-// called from whatever thread a host calls from, one call at a time. No exception may leave it.
+// called from whatever thread a host calls from, one call at a time and none before the library has read what
+// the last one handed out, so that one object may answer for all sections. It may call the library back. No
+// exception may leave it.
 #pragma once
 
 #include <cstdint>
@@ -130,7 +132,8 @@ class IBillLibraryConfigVisitor {
 public:
     virtual void Reserved0() = 0;
     virtual void Reserved1() = 0;
-    /// Writes the rule, or what it knows of it, over the defaults that the caller has put there.
+    /// Writes the rule, or what it knows of it, over the defaults that the caller has put there. The result
+    /// isn't read.
     virtual bool GetRule(BillLibraryRule& rule) = 0;
 
 protected:

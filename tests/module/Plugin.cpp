@@ -122,6 +122,30 @@ bool CallConfigurationReader() {
     return found.IsEmpty();
 }
 
+// No file that chooses folders stands beside the hosts either, and no companion.
+bool CallFolders() {
+    DirectoryManager::ICommonDirectory& common = *DirectoryManager::GetCommonDirectoryManager();
+    const CString beside = common.GetExeDirectory();
+    return beside.Right(1) == u"\\" && common.GetTempDirectory().Right(1) == u"\\" &&
+           common.GetCurrentWorkDirectory().Right(1) == u"\\" &&
+           DirectoryManager::GetProjectDirectoryManager()->GetReportDirectory() == beside &&
+           DirectoryManager::GetLibraryDirectoryManager()->GetGroupPriceRootDirectory() ==
+               beside + u"Library\\组价库\\";
+}
+
+bool CallDocuments() {
+    const CString folder = DirectoryManager::GetCommonDirectoryManager()->GetDocumentsDirectory();
+    return folder.IsEmpty() || folder.Right(1) == u"\\";
+}
+
+bool CallLibraries() {
+    std::vector<CString> families = {u"before"};
+    LibraryManager::ILibraryManager& manager = *LibraryManager::GetLibraryManager();
+    manager.GetLibraryFamilies(families);
+    return families.empty() && manager.GetLibrarySeries() == -1 &&
+           manager.FindSubLibraryFile(u"family", u"", u"", u"file").IsEmpty();
+}
+
 /// A file that is this call's alone.
 class XmlFile {
 public:
@@ -187,6 +211,9 @@ constexpr std::array services = {
     Service{"paths", CallPaths},
     Service{"files", CallFiles},
     Service{"configuration reader", CallConfigurationReader},
+    Service{"folders", CallFolders},
+    Service{"documents", CallDocuments},
+    Service{"libraries", CallLibraries},
     Service{"XML trees", CallXmlTree},
     Service{"XML documents", CallXmlDocument},
 };
@@ -229,6 +256,28 @@ PLUGIN_EXPORT void PluginUseUnitDecimals() {
 
 PLUGIN_EXPORT void* PluginAnalyser() {
     return ExpressionAnalyse::GetExpressionAnalyser();
+}
+
+PLUGIN_EXPORT void* PluginCommonDirectories() {
+    return DirectoryManager::GetCommonDirectoryManager();
+}
+
+PLUGIN_EXPORT void* PluginProjectDirectories() {
+    return DirectoryManager::GetProjectDirectoryManager();
+}
+
+PLUGIN_EXPORT void* PluginLibraryDirectories() {
+    return DirectoryManager::GetLibraryDirectoryManager();
+}
+
+PLUGIN_EXPORT void* PluginLibraryManager() {
+    return LibraryManager::GetLibraryManager();
+}
+
+PLUGIN_EXPORT int PluginUseCompanion(const char* installation) {
+    if (!DirectoryManager::UseInstallation(FromNativePath(installation)))
+        return -2;
+    return LibraryManager::GetLibraryManager()->GetLibrarySeries();
 }
 
 PLUGIN_EXPORT void* PluginXmlTool() {
