@@ -1,7 +1,7 @@
 #include "companion/Disk.h"
 
-#include <fstream>
-#include <iterator>
+#include <cstdio>
+#include <memory>
 #include <system_error>
 
 #include "companion/System.h"
@@ -11,11 +11,15 @@ namespace Companion {
 std::optional<std::string> SystemDisk::Read(const std::wstring& path) const {
     if (!HasFile(path))
         return std::nullopt;
-    std::ifstream file(NativePath(path), std::ios::binary);
-    if (!file.is_open())
+    std::FILE* const file = OpenToRead(path);
+    if (file == nullptr)
         return std::nullopt;
-    std::string bytes(std::istreambuf_iterator<char>(file), {});
-    if (file.bad())
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> closed(file, std::fclose);
+    std::string bytes;
+    char piece[16'384];
+    for (std::size_t size = 0; (size = std::fread(piece, 1, sizeof piece, file)) > 0;)
+        bytes.append(piece, size);
+    if (std::ferror(file) != 0)
         return std::nullopt;
     return bytes;
 }

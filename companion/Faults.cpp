@@ -1,6 +1,6 @@
 #include "companion/Faults.h"
 
-#include <fstream>
+#include <cstdio>
 
 #include "companion/System.h"
 
@@ -9,10 +9,11 @@ namespace Companion {
 namespace {
 
 bool Replace(const std::wstring& file, const std::string& bytes) {
-    std::ofstream out(NativePath(file), std::ios::binary);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    out.close();
-    return !out.fail();
+    std::FILE* const out = OpenToReplace(file);
+    if (out == nullptr)
+        return false;
+    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), out) == bytes.size();
+    return std::fclose(out) == 0 && written;
 }
 
 }  // namespace

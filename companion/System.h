@@ -1,6 +1,7 @@
 // What differs between the systems: the form of paths, and how standard error takes text.
 #pragma once
 
+#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -18,6 +19,11 @@ std::size_t RootLength(std::wstring_view path) noexcept;
 
 /// The path as a user of the system writes it, in UTF-8.
 std::string ShownPath(const std::wstring& path);
+
+/// A plain C file, to be closed by the caller; null when it can't be opened. The streams of the C++ library
+/// would leave locales behind where its runtime comes and goes with the module.
+std::FILE* OpenToRead(const std::wstring& path);
+std::FILE* OpenToReplace(const std::wstring& path);
 
 void WriteToStandardError(const std::string& utf8);
 

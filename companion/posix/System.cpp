@@ -1,7 +1,6 @@
 #include "companion/System.h"
 
 #include <algorithm>
-#include <cstdio>
 
 #include "companion/Text.h"
 
@@ -25,6 +24,14 @@ std::wstring LibraryForm(const std::filesystem::path& path) {
 
 std::size_t RootLength(std::wstring_view path) noexcept {
     return std::min(path.find_first_not_of(L'\\'), path.size());
+}
+
+std::FILE* OpenToRead(const std::wstring& path) {
+    return std::fopen(NativePath(path).c_str(), "rb");
+}
+
+std::FILE* OpenToReplace(const std::wstring& path) {
+    return std::fopen(NativePath(path).c_str(), "wb");
 }
 
 void WriteToStandardError(const std::string& utf8) {

@@ -1,7 +1,6 @@
 #include "companion/System.h"
 
 #include <algorithm>
-#include <cstdio>
 
 #include <windows.h>
 
@@ -41,6 +40,14 @@ std::size_t RootLength(std::wstring_view path) noexcept {
     if (path.starts_with(L"\\\\"))  // a server and its share, or a form such as \\?\C:\ of the same shape
         return BehindPart(path, BehindPart(path, 2));
     return path.size() >= 3 && IsLetter(path[0]) && path[1] == L':' && path[2] == L'\\' ? 3 : 0;
+}
+
+std::FILE* OpenToRead(const std::wstring& path) {
+    return ::_wfopen(path.c_str(), L"rb");
+}
+
+std::FILE* OpenToReplace(const std::wstring& path) {
+    return ::_wfopen(path.c_str(), L"wb");
 }
 
 void WriteToStandardError(const std::string& utf8) {
