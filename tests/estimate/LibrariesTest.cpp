@@ -103,6 +103,19 @@ public:
     Said Run(std::vector<std::string> arguments) const { return RunIn(Path("."), std::move(arguments)); }
 };
 
+/// What stands between the fences of a page.
+std::vector<std::string> CodeBlocks(const std::string& page) {
+    const std::string fence = "```";
+    std::vector<std::string> blocks;
+    for (std::size_t at = page.find(fence); at != std::string::npos; at = page.find(fence, at)) {
+        const std::size_t begin = page.find('\n', at) + 1;
+        const std::size_t end = std::min(page.find(fence, begin), page.size());
+        blocks.push_back(page.substr(begin, end - begin));
+        at = end + fence.size();
+    }
+    return blocks;
+}
+
 bool Has(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
 }
@@ -291,6 +304,22 @@ TEST(Libraries, EveryCommandTakesAnInstallation) {
     installation.Write("GB50500-2008.xml", "<r><u unit=\"t\" decimal=\"1\"/></r>");
     EXPECT_TRUE(Has(installation.Run({"unit", "t"}).out, "decimals   1\n"));
     EXPECT_TRUE(Has(RunInSample({"unit", "t"}).out, "decimals   3\n"));
+}
+
+// The page for people who set up libraries shows files and what becomes of them.
+TEST(Libraries, TheExampleOfThePageIsTrue) {
+    const std::vector<std::string> blocks = CodeBlocks(ReadWhole(ESTIMATE_COMPANION_PAGE));
+    ASSERT_GT(blocks.size(), 5u);
+    const SmallInstallation installation;
+    installation.Write("LibVisitor/Catalogue.xml", blocks[1]);
+    installation.Write("LibVisitor/示范/2024.xml", blocks[2]);
+    installation.Write("LibVisitor/示范/企业清单.xml", blocks[3]);
+    for (const char* file : {"示范/2024/定额库/土建2024.dex", "示范/2024/子库/土建工程/x",
+                             "清单库/示范/2024/示范数据/国标清单.qdx", "清单库/企业清单/示范/住宅.qyx"})
+        installation.Write("Library/" + std::string(file), {});
+    const Said said = installation.Run({"libraries"});
+    EXPECT_EQ(said.err, "");
+    EXPECT_EQ(said.out.substr(said.out.find('\n')), blocks[4].substr(blocks[4].find('\n')));
 }
 
 TEST(Libraries, WrongUsage) {
