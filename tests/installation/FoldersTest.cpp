@@ -15,8 +15,8 @@ namespace {
 
 constexpr const char* File = "DirectoryConfig.xml";
 
-CString WithBackslash(const std::filesystem::path& folder) {
-    return FromNativePath(folder).TrimRight(u'\\') + u'\\';
+CString WithBackslash(std::filesystem::path folder) {
+    return FromNativePath(folder.make_preferred()).TrimRight(u'\\') + u'\\';
 }
 
 std::u16string Beside(const ProbedInstallation& installation, std::u16string_view relative = {}) {

@@ -17,6 +17,14 @@ auto* Find(Map& map, const typename Map::key_type& key) {
 
 }  // namespace
 
+void ScriptedLibraries::Forget() {
+    families.clear();
+    tags.clear();
+    noFolders.clear();
+    noEnterprise.clear();
+    calls.clear();
+}
+
 std::wstring ScriptedLibraries::PathOf(int kind, const std::wstring& family, const std::wstring& section,
                                        const std::wstring& item) const {
     const std::wstring root = m_base + L"families\\";
@@ -66,7 +74,7 @@ IBillLibraryConfigVisitor* ScriptedLibraries::BillVisitor(const wchar_t* family,
 
 IEnterpriseBillLibraryConfigVisitor* ScriptedLibraries::EnterpriseVisitor(const wchar_t* family) {
     Record(L"enterprise" + Brackets({family}));
-    m_family = Find(families, family);
+    m_family = noEnterprise.contains(family) ? nullptr : Find(families, family);
     return m_family == nullptr ? nullptr : this;
 }
 

@@ -43,8 +43,12 @@ public:
     std::map<std::wstring, std::wstring> tags;  ///< by item name; empty for others
     /// The queries that have no folder, as "kind[family][section][item]".
     std::set<std::wstring> noFolders;
+    std::set<std::wstring> noEnterprise;  ///< the families without enterprise bills
     std::int32_t series = 0;
     std::vector<std::wstring> calls;
+
+    /// Knows nothing afterwards.
+    void Forget();
 
     /// The folder of a query.
     std::wstring PathOf(int kind, const std::wstring& family, const std::wstring& section,

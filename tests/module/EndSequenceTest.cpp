@@ -9,6 +9,7 @@
 namespace {
 
 constexpr const char* endOfHost = "host's static objects end\n";
+constexpr const char* endOfCompanion = "companion ends\n";
 
 void Remove(std::string& text, const std::string& part) {
     for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at))
@@ -24,17 +25,26 @@ ProgramResult RunHost(const char* host, const char* mode, bool xmlFails = false)
     return result;
 }
 
-/// The events of a host that ends with the module loaded at run time. One system ends such a module before
-/// the program's own static objects, the other one behind them; its own order is the same.
+/// The events of a host that ends with modules loaded at run time. One system ends such a module before
+/// the program's own static objects, the other one behind them; its own order is the same. The companion,
+/// which came last, goes first.
 std::string EventsOfExit(const ProgramResult& result) {
-    EXPECT_GT(result.out.find(endOfHost), result.out.find("main ends\n"));
     std::string events = result.out;
-    Remove(events, endOfHost);
+    for (const char* end : {endOfHost, endOfCompanion}) {
+        EXPECT_NE(result.out.find(end), std::string::npos);
+        EXPECT_GT(result.out.find(end), result.out.find("main ends\n"));
+        Remove(events, end);
+    }
+    EXPECT_LT(result.out.find(endOfCompanion), result.out.find("common directories end\n"));
     return events;
 }
 
 constexpr const char* endOfModule =
+    "common directories end\n"
+    "project directories end\n"
+    "library directories end\n"
     "analyser ends\n"
+    "library manager ends\n"
     "XML tool ends\n"
     "XML ends\n"
     "unit decimals end\n"
@@ -45,8 +55,13 @@ constexpr const char* endOfModule =
 TEST(EndSequence, UnloadingEndsServicesThenXmlThenStaticObjects) {
     const ProgramResult outcome = RunHost(END_SEQUENCE_HOST, "close");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.out,
-              std::string("main begins\nXML starts\n") + endOfModule + "main ends\n" + endOfHost);
+    // The companion is released with the library directories. One system's loader ends it in that moment, the
+    // other one when the library has left.
+    EXPECT_GT(outcome.out.find(endOfCompanion), outcome.out.find("project directories end\n"));
+    EXPECT_LT(outcome.out.find(endOfCompanion), outcome.out.find("main ends\n"));
+    std::string events = outcome.out;
+    Remove(events, endOfCompanion);
+    EXPECT_EQ(events, std::string("main begins\nXML starts\n") + endOfModule + "main ends\n" + endOfHost);
     EXPECT_EQ(outcome.err, "");
 }
 
@@ -59,8 +74,8 @@ TEST(EndSequence, ExitWithALoadedModuleEndsItInTheSameOrder) {
 TEST(EndSequence, ExitOfALinkedHostEndsTheModuleInTheSameOrder) {
     const ProgramResult outcome = RunHost(END_SEQUENCE_LINKED_HOST, "exit");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.out,
-              std::string("XML starts\nmain begins\nmain ends\nhost's static objects end\n") + endOfModule);
+    EXPECT_EQ(EventsOfExit(outcome), std::string("XML starts\nmain begins\nmain ends\n") + endOfModule);
+    EXPECT_LT(outcome.out.find(endOfHost), outcome.out.find("common directories end\n"));
 }
 
 TEST(EndSequence, WithoutAnyCallOnlyXmlStartsAndEnds) {

@@ -105,6 +105,30 @@ bool CallPaths() {
     return FromNativePath(ToNativePath(u"\\opt\\app")) == u"\\opt\\app";
 }
 
+// No file that chooses folders stands beside the hosts either, and no companion.
+bool CallFolders() {
+    DirectoryManager::ICommonDirectory& common = *DirectoryManager::GetCommonDirectoryManager();
+    const CString beside = common.GetExeDirectory();
+    return beside.Right(1) == u"\\" && common.GetTempDirectory().Right(1) == u"\\" &&
+           common.GetCurrentWorkDirectory().Right(1) == u"\\" &&
+           DirectoryManager::GetProjectDirectoryManager()->GetReportDirectory() == beside &&
+           DirectoryManager::GetLibraryDirectoryManager()->GetGroupPriceRootDirectory() ==
+               beside + u"Library\\组价库\\";
+}
+
+bool CallDocuments() {
+    const CString folder = DirectoryManager::GetCommonDirectoryManager()->GetDocumentsDirectory();
+    return folder.IsEmpty() || folder.Right(1) == u"\\";
+}
+
+bool CallLibraries() {
+    std::vector<CString> families = {u"before"};
+    LibraryManager::ILibraryManager& manager = *LibraryManager::GetLibraryManager();
+    manager.GetLibraryFamilies(families);
+    return families.empty() && manager.GetLibrarySeries() == -1 &&
+           manager.FindSubLibraryFile(u"family", u"", u"", u"file").IsEmpty();
+}
+
 /// A file that is this call's alone.
 class XmlFile {
 public:
@@ -168,6 +192,9 @@ constexpr std::array services = {
     Service{"majors", CallMajors},
     Service{"unit decimals", CallUnitDecimals},
     Service{"paths", CallPaths},
+    Service{"folders", CallFolders},
+    Service{"documents", CallDocuments},
+    Service{"libraries", CallLibraries},
     Service{"XML trees", CallXmlTree},
     Service{"XML documents", CallXmlDocument},
 };
@@ -206,6 +233,28 @@ PLUGIN_EXPORT void PluginUseUnitDecimals() {
 
 PLUGIN_EXPORT void* PluginAnalyser() {
     return ExpressionAnalyse::GetExpressionAnalyser();
+}
+
+PLUGIN_EXPORT void* PluginCommonDirectories() {
+    return DirectoryManager::GetCommonDirectoryManager();
+}
+
+PLUGIN_EXPORT void* PluginProjectDirectories() {
+    return DirectoryManager::GetProjectDirectoryManager();
+}
+
+PLUGIN_EXPORT void* PluginLibraryDirectories() {
+    return DirectoryManager::GetLibraryDirectoryManager();
+}
+
+PLUGIN_EXPORT void* PluginLibraryManager() {
+    return LibraryManager::GetLibraryManager();
+}
+
+PLUGIN_EXPORT int PluginUseCompanion(const char* installation) {
+    if (!DirectoryManager::UseInstallation(FromNativePath(installation)))
+        return -2;
+    return LibraryManager::GetLibraryManager()->GetLibrarySeries();
 }
 
 PLUGIN_EXPORT void* PluginXmlTool() {

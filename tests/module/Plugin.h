@@ -22,6 +22,15 @@ void PluginUseUnitDecimals();
 /// The analyser as the library hands it out.
 void* PluginAnalyser();
 
+/// The services as the library hands them out.
+void* PluginCommonDirectories();
+void* PluginProjectDirectories();
+void* PluginLibraryDirectories();
+void* PluginLibraryManager();
+
+/// Loads the companion of an installation, to be called first; gives its series.
+int PluginUseCompanion(const char* installation);
+
 /// A new XML tool, which nobody removes.
 void* PluginXmlTool();
 

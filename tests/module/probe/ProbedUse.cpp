@@ -27,6 +27,12 @@ TEST_EXPORT void ProbeUseLibrary() {
     WatchService(PluginUseMajors, "majors end");
     WatchService(PluginUseVariables, "scanner of variables ends");
     WatchService(PluginUseUnitDecimals, "unit decimals end");
+    if (PluginUseCompanion(PROBED_INSTALLATION) != 7)
+        EventProbe::Report("the companion doesn't answer");
+    EventProbe::WatchBlock(PluginLibraryManager(), "library manager ends");
+    EventProbe::WatchBlock(PluginLibraryDirectories(), "library directories end");
+    EventProbe::WatchBlock(PluginProjectDirectories(), "project directories end");
+    EventProbe::WatchBlock(PluginCommonDirectories(), "common directories end");
     EventProbe::WatchBlock(PluginAnalyser(), "analyser ends");
     EventProbe::WatchBlock(PluginXmlTool(), "XML tool ends");
 }
