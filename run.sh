@@ -1,18 +1,18 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds the library with its host, and prices the sample bill. With --windows as first
-# argument this is done with the Windows build under Wine. Other arguments are passed on to `estimate price`, for
-# instance --json.
+# Installs what is missing, builds the library with its host, prices the sample bill, and lists the libraries of the sample
+# installation. With --windows as first argument this is done with the Windows build under Wine. Other arguments are
+# passed on to `estimate price`, for instance --json; then nothing is listed.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/scripts/common.sh"
 # shellcheck source=scripts/windows.sh
 source "$root/scripts/windows.sh"
 
-estimate=("$root/build/release/hosts/estimate/estimate")
+estimate=("$root/build/release/installation/estimate")
 preset=release groups=(build)
 if [[ ${1:-} == --windows ]]; then
     shift
-    estimate=("$root/scripts/under-wine" "$root/build/windows/hosts/estimate/estimate.exe")
+    estimate=("$root/scripts/under-wine" "$root/build/windows/installation/estimate.exe")
     preset=windows groups=(build windows)
 fi
 
@@ -20,7 +20,8 @@ fi
 {
     install_packages "${groups[@]}"
     [[ $preset == release ]] || prepare_windows
-    build "$preset" estimate
+    build "$preset" installation
     [[ $preset == release ]] || start_wine 1
 } >&2
-exec "${estimate[@]}" price "$root/samples/bill.csv" --vars "$root/samples/variables.csv" "$@"
+"${estimate[@]}" price "$root/samples/bill.csv" --vars "$root/samples/variables.csv" "$@"
+[[ $# -gt 0 ]] || "${estimate[@]}" libraries

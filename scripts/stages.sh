@@ -154,7 +154,7 @@ run_fuzzers() {
 }
 
 sources() {
-    find "$root"/{QsUtils,hosts,tests,fuzz,bench} \( -name '*.h' -o -name '*.cpp' \) -print0
+    find "$root"/{QsUtils,companion,hosts,tests,fuzz,bench} \( -name '*.h' -o -name '*.cpp' \) -print0
 }
 
 check_format() {
@@ -164,7 +164,7 @@ check_format() {
 # clang-tidy reads the sources as clang does, so it is given clang's command lines; it knows no Windows headers.
 check_tidy() {
     (cd "$root" && cmake --preset lint >/dev/null </dev/null) &&
-        find "$root/QsUtils" -name '*.cpp' -not -path '*/win32/*' -print0 |
+        find "$root"/{QsUtils,companion} -name '*.cpp' -not -path '*/win32/*' -print0 |
         xargs -0 -n 1 -P "$(nproc)" clang-tidy-14 -p "$root/build/lint" --quiet 2>/dev/null
 }
 

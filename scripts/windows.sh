@@ -12,8 +12,8 @@ package_version() {
 # The libraries are built anew when a compiler, a source or the way of building them has changed.
 windows_dependencies_key() {
     {
-        for package in g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev libxerces-c-dev libcsv-dev googletest libfmt-dev \
-            libcli11-dev nlohmann-json3-dev; do
+        for package in g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev libxerces-c-dev libcsv-dev libpugixml-dev \
+            googletest libfmt-dev libcli11-dev nlohmann-json3-dev; do
             package_version "$package"
             echo
         done
@@ -77,10 +77,12 @@ configure_for_windows() {
 build_windows_dependencies() {
     local work=$1 prefix=$2
     enable_source_packages xerces-c && fetch_source xerces-c "$work/xerces-c" && fetch_source libcsv "$work/libcsv" &&
+        fetch_source pugixml "$work/pugixml" &&
         configure_for_windows "$work/xerces-c" "$work/xerces-build" "$prefix" -DBUILD_SHARED_LIBS=OFF \
             -Dnetwork=OFF -Dtranscoder=windows -Dmutex-manager=windows &&
         cmake --build "$work/xerces-build" --target xerces-c && cmake --install "$work/xerces-build/src" &&
-        configure_for_windows "$root/cmake/windows" "$work/small-build" "$prefix" -DCSV_SOURCE="$work/libcsv" &&
+        configure_for_windows "$root/cmake/windows" "$work/small-build" "$prefix" -DCSV_SOURCE="$work/libcsv" \
+            -DPUGIXML_SOURCE="$work/pugixml" &&
         cmake --build "$work/small-build" && cmake --install "$work/small-build"
 }
 

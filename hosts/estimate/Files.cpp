@@ -5,8 +5,6 @@
 #include <sstream>
 #include <system_error>
 
-#include <QsUtils/QsUtils.h>
-
 #include "Device.h"
 
 namespace Estimate {
@@ -50,6 +48,16 @@ std::optional<std::wstring> LibraryPath(const std::string& path) {
     if (ToNativePath(text).native() != native.native())
         return std::nullopt;
     return text.ToWide();
+}
+
+std::string ShownPath(const CString& path) {
+    const std::u8string native = ToNativePath(path).u8string();
+    return std::string(native.begin(), native.end());
+}
+
+bool UseInstallation(const std::string& folder) {
+    const std::optional<std::wstring> path = LibraryPath(folder);
+    return path && DirectoryManager::UseInstallation(CString(*path));
 }
 
 std::string WriteOutput(const std::string& path, const std::function<void(std::ostream&)>& write) {

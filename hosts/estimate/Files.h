@@ -9,6 +9,8 @@
 #include <ostream>
 #include <string>
 
+#include <QsUtils/QsUtils.h>
+
 namespace Estimate {
 
 struct InputFile {
@@ -23,6 +25,13 @@ InputFile OpenInput(const std::string& path, std::istream& standardInput);
 /// The path as the library takes it; none for a name that its form of a path can't say, since it holds the
 /// library's separator or bytes that are no text.
 std::optional<std::wstring> LibraryPath(const std::string& path);
+
+/// A path of the library's in the system's form, in UTF-8.
+std::string ShownPath(const CString& path);
+
+/// Lets the library take this folder for the installation in place of the program's own; false when it isn't
+/// a folder that can be one.
+bool UseInstallation(const std::string& folder);
 
 /// Lets `write` fill a file. It is put in place only when all is written, so that a failure leaves what was
 /// there before. The result is empty, or says what failed.

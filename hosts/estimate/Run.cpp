@@ -3,6 +3,7 @@
 #include <CLI/Formatter.hpp>
 
 #include "Commands.h"
+#include "Files.h"
 
 namespace Estimate {
 namespace {
@@ -23,6 +24,15 @@ int Run(const std::vector<std::string>& arguments, const Streams& streams) {
     // A path may begin with a slash; an option begins with a dash on every system.
     app.allow_windows_style_options(false);
     app.set_help_all_flag("--help-all", "Print the help of all commands and exit");
+    // The callbacks of the commands come later, so that the library begins with this folder.
+    app.add_option_function<std::string>(
+           "--installation",
+           [](const std::string& folder) {
+               if (!UseInstallation(folder))
+                   throw CLI::ValidationError("--installation", "no folder of an installation: " + folder);
+           },
+           "Take the files of this installation, instead of those beside the program")
+        ->type_name("DIR");
     int status = AllDone;
     AddPrice(app, streams, status);
     AddConvert(app, streams, status);
@@ -31,6 +41,7 @@ int Run(const std::vector<std::string>& arguments, const Streams& streams) {
     AddCapital(app, streams, status);
     AddSort(app, streams, status);
     AddUnit(app, streams, status);
+    AddLibraries(app, streams, status);
     try {
         // The parser takes its arguments from the back.
         std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());

@@ -26,7 +26,7 @@ using Folder = ArgumentFolder;
 TEST(Commands, HelpEverywhere) {
     const ProgramRun help = RunProgram({"--help"});
     EXPECT_EQ(help.status, 0);
-    for (const char* command : {"price", "convert", "eval", "vars", "capital", "sort", "unit"}) {
+    for (const char* command : {"price", "convert", "eval", "vars", "capital", "sort", "unit", "libraries"}) {
         EXPECT_TRUE(Has(help.out, command)) << command;
         const ProgramRun run = RunProgram({command, "--help"});
         EXPECT_EQ(run.status, 0) << command;
