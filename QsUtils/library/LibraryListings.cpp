@@ -125,9 +125,9 @@ void CLibraryManager::GetBillLibraryFiles(std::vector<CString>& files, const CSt
 
 // An empty item calls it once more for each item, which isn't empty: one level, through the virtual table for
 // those who override it.
-void CLibraryManager::GetQuotaLibraryNames(  // NOLINT(misc-no-recursion) std::vector<CString>& names, const
-                                             // CString& family,
-    const CString& section, const CString& item) {
+// NOLINTNEXTLINE(misc-no-recursion)
+void CLibraryManager::GetQuotaLibraryNames(std::vector<CString>& names, const CString& family,
+                                           const CString& section, const CString& item) {
     if (family.IsEmpty() || section.IsEmpty())
         return;
     std::vector<CString> found;
