@@ -1,5 +1,7 @@
 #include "QsUtils/platform/Files.h"
 
+#include <cerrno>
+#include <csignal>
 #include <memory>
 
 #include <fcntl.h>
@@ -20,12 +22,15 @@ bool LookAtEntry(const FolderPath& path, struct stat& status) {
            ::fstatat(path.Base(), path.Rest(), &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
-/// Whether a lease on the whole file is given, which the kernel does only while nobody else holds it open.
-bool IsLeased(int file) {
+/// Whether somebody else holds the file open: then the kernel gives no lease on it. Where leases aren't to be
+/// had, as on the file of another owner, nobody can tell.
+bool IsLeaseRefused(int file) {
+    // Who opens the file in between makes the kernel send a signal, and the usual one would end the process.
+    ::fcntl(file, F_SETSIG, SIGURG);
     if (::fcntl(file, F_SETLEASE, F_WRLCK) != 0)
-        return false;
+        return errno == EAGAIN || errno == EBUSY;
     ::fcntl(file, F_SETLEASE, F_UNLCK);
-    return true;
+    return false;
 }
 
 }  // namespace
@@ -65,7 +70,7 @@ bool IsHeldElsewhere(const CString& path) {
         return true;
     const FileDescriptor file(
         ::openat(place.Base(), place.Rest(), O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    return !file.IsOpen() || !IsLeased(file.Number());
+    return !file.IsOpen() || IsLeaseRefused(file.Number());
 }
 
 }  // namespace QsPlatform

@@ -1,5 +1,7 @@
 #include "QsUtils/platform/Files.h"
 
+#include <string>
+
 #include "QsUtils/platform/win32/FileCopy.h"
 #include "QsUtils/platform/win32/FileErrors.h"
 #include "QsUtils/platform/win32/LinkTarget.h"
@@ -22,8 +24,13 @@ bool CopyOneFile(const CString& source, const CString& target) {
 }
 
 bool IsHeldElsewhere(const CString& path) {
-    const FileHandle file(::CreateFileW(SystemPath(path).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
-                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const std::wstring name = SystemPath(path);
+    // Some versions of the system let an administrator write to a file that is marked.
+    const DWORD attributes = ::GetFileAttributesW(name.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_READONLY) != 0)
+        return true;
+    const FileHandle file(::CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                                        FILE_ATTRIBUTE_NORMAL, nullptr));
     return !file.IsOpen();
 }
 
