@@ -8,6 +8,7 @@
 #include "QsUtils/text/ChineseNumerals.h"
 #include "QsUtils/text/NumberText.h"
 #include "QsUtils/text/Segments.h"
+#include "QsUtils/ui/OpenBudgets.h"
 
 IQsUtils::IQsUtils() = default;
 IQsUtils::IQsUtils(const IQsUtils&) = default;
@@ -192,4 +193,16 @@ void IQsUtils::ReplaceVarString(CString& text, const CString& variable, const CS
 
 CString IQsUtils::GetStreamMD5(CString const& strText) {
     return QsMaterial::StreamMd5(strText);
+}
+
+int IQsUtils::IsYsOpen(CString const& strKey, CString const& strItem) {
+    return QsUi::IsYsOpen(strKey, strItem);
+}
+
+CString IQsUtils::YsTypeToString(eYsType eType) {
+    return QsUi::YsTypeToString(eType);
+}
+
+eYsType IQsUtils::StringToYsType(CString const& strType) {
+    return QsUi::StringToYsType(strType);
 }

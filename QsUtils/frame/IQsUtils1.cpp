@@ -5,6 +5,7 @@
 #include "QsUtils/material/MaterialDigest.h"
 #include "QsUtils/text/NumberText.h"
 #include "QsUtils/text/Segments.h"
+#include "QsUtils/ui/ExcelVersion.h"
 #include "QsUtils/units/CIndicatorUnitTable.h"
 
 IQsUtils1::IQsUtils1() = default;
@@ -38,4 +39,8 @@ bool IQsUtils1::GetIndicatorsFactor(CString const& strFirst, CString const& strS
 
 CString IQsUtils1::GenerateMaterialMD5(CommonMaterialKey* pKey) {
     return QsMaterial::MaterialMd5(*pKey);
+}
+
+CString IQsUtils1::GetExcelInstallVersion() {
+    return QsUi::GetExcelInstallVersion();
 }

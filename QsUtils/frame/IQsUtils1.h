@@ -37,4 +37,8 @@ public:
     /// The digest of a material's identity, as 32 lower-case hexadecimal digits: its ten fields joined by
     /// tabs, the flags as "1" and "0", through `IQsUtils::GetStreamMD5`. `pKey` must not be null.
     static CString GenerateMaterialMD5(CommonMaterialKey* pKey);
+
+    /// The version number of the installed spreadsheet, "16" for instance; empty when there is none. On Linux
+    /// that is one in the user's Wine prefix; see docs/open-budgets.md.
+    static CString GetExcelInstallVersion();
 };
