@@ -104,4 +104,11 @@ QSUTILS_API ICommonDirectory* GetCommonDirectoryManager();
 QSUTILS_API IProjectDirectory* GetProjectDirectoryManager();
 QSUTILS_API ILibraryDirectory* GetLibraryDirectoryManager();
 
+/// For a host that doesn't stand in an installation, such as a tool or a test: names the installation's
+/// folder, with or without a backslash at its end, which from now on takes the place of the executable's
+/// folder in all of the library. A relative path begins in the current folder. To be called before anything
+/// else of the library: what has been read from another folder by then stays. False, with nothing changed,
+/// when it isn't a folder, or has 260 units or more with its backslash.
+QSUTILS_API bool UseInstallation(const CString& folder);
+
 }  // namespace DirectoryManager

@@ -1,10 +1,14 @@
 // The module's static objects, its start and its end. All static objects with a destructor stand in this one
 // file, because only within a file does the language fix the order in which they are made and destroyed.
+#include "QsUtils/directory/CCommonDirectory.h"
+#include "QsUtils/directory/CLibraryDirectory.h"
+#include "QsUtils/directory/CProjectDirectory.h"
 #include "QsUtils/expression/CExpressionAnalyse.h"
 #include "QsUtils/frame/CQsUtilsApp.h"
 #include "QsUtils/frame/IQsUtils.h"
 #include "QsUtils/frame/LazyService.h"
 #include "QsUtils/frame/Services.h"
+#include "QsUtils/library/CLibraryManager.h"
 #include "QsUtils/xml/ToolTable.h"
 #include "QsUtils/xml/XmlPlatform.h"
 
@@ -33,7 +37,11 @@ constinit QsFrame::ServiceHolder<COprateString> theFormulaVariables;
 constinit QsFrame::ServiceHolder<LoadedUnitDecimals> theUnitDecimals;
 
 // Ended by the end sequence, not by their own destructors.
+constinit QsFrame::LazyService<DirectoryManager::CCommonDirectory> theCommonDirectories;
+constinit QsFrame::LazyService<DirectoryManager::CProjectDirectory> theProjectDirectories;
+constinit QsFrame::LazyService<DirectoryManager::CLibraryDirectory> theLibraryDirectories;
 constinit QsFrame::LazyService<ExpressionAnalyse::CExpressionAnalyse> theExpressionAnalyser;
+constinit QsFrame::LazyService<CLibraryManager> theLibraryManager;
 
 // The last static object: when it is made, all others stand, and it is destroyed before any of them, on
 // unloading and at the end of the program alike.
@@ -51,11 +59,39 @@ bool CQsUtilsApp::InitInstance() {
 }
 
 int CQsUtilsApp::ExitInstance() {
+    theCommonDirectories.Destroy();
+    theProjectDirectories.Destroy();
+    theLibraryDirectories.Destroy();  // the companion goes with them, and may use XML as it does
     theExpressionAnalyser.Destroy();
+    theLibraryManager.Destroy();
     theXmlTools.Clear();  // tools hold objects of the platform
     QsXml::EndXmlPlatform();
     return 0;
 }
+
+namespace DirectoryManager {
+
+ICommonDirectory* GetCommonDirectoryManager() {
+    return &theCommonDirectories.Get();
+}
+
+IProjectDirectory* GetProjectDirectoryManager() {
+    return &theProjectDirectories.Get();
+}
+
+ILibraryDirectory* GetLibraryDirectoryManager() {
+    return &theLibraryDirectories.Get();
+}
+
+}  // namespace DirectoryManager
+
+namespace LibraryManager {
+
+ILibraryManager* GetLibraryManager() {
+    return &theLibraryManager.Get();
+}
+
+}  // namespace LibraryManager
 
 namespace ExpressionAnalyse {
 

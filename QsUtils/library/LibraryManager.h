@@ -22,8 +22,9 @@ namespace LibraryManager {
 /// callers keep what they need often. Without the companion, for an empty argument where nothing else is
 /// said, and for whatever is missing, a text is empty, a bool false, and an output gets nothing added.
 ///
-/// A section that is empty stands for all sections of the family, in ascending order by code unit, and the
-/// first hit counts. Only libraries with the mark "ZJ" count as offered. Any thread may call anything.
+/// For the searches for files and for a provider, a section that is empty stands for all sections of the
+/// family, in ascending order by code unit, and the first hit counts. Only libraries with the mark "ZJ" count
+/// as offered. Outputs may hold the arguments. Any thread may call anything.
 class QSUTILS_API ILibraryManager {
 public:
     virtual ~ILibraryManager();
@@ -33,8 +34,10 @@ public:
     // --- Listings
 
     /// Replaces `families` by the families that offer a quota library, in the order of the folders on disk.
+    /// The folders "清单库" and "LibDownTmp" are no families.
     virtual void GetLibraryFamilies(std::vector<CString>& families) = 0;
-    /// The owner of the family's first section, or the family itself when that is the product.
+    /// The owner of the family's first section, or the family itself when that is the product. Empty for a
+    /// family without sections.
     virtual CString GetFamilyDisplayName(const CString& family) = 0;
     /// Replaces `sections` by the family's sections, ascending by code unit.
     virtual void GetFamilySections(std::vector<CString>& sections, const CString& family) = 0;

@@ -5,34 +5,19 @@
 //   majors FIRST   all names of majors, appended to an array that holds FIRST, joined by "|"
 //   decimals UNIT  the decimals of a unit
 //   write NAME T   writes a file beside the program, its bytes being the units of T; no answer
+//   copy NAME TO   copies a file beside the program to another name; no answer
+// and what FolderCommands.cpp and LibraryCommands.cpp say.
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <vector>
 
 #include <QsUtils/QsUtils.h>
 
-#include "tests/support/Escapes.h"
+#include "tests/installation/ProbeCommands.h"
 
 namespace {
-
-class Arguments {
-public:
-    Arguments(int count, char** texts) : m_next(texts + 1), m_end(texts + count) {}
-
-    bool HasNext() const { return m_next != m_end; }
-    CString Next() { return HasNext() ? CString(Unescaped(*m_next++)) : CString(); }
-
-private:
-    char** m_next;
-    char** m_end;
-};
-
-void Answer(const CString& text) {
-    std::puts(Escaped(text.View()).c_str());
-}
 
 CString CodeOf(const CString& name) {
     CString code = u"overwritten";
@@ -75,8 +60,11 @@ bool Do(const CString& command, const std::filesystem::path& program, Arguments&
     } else if (command == u"write") {
         const CString name = arguments.Next();
         WriteBeside(program, name, arguments.Next());
+    } else if (command == u"copy") {
+        const std::filesystem::path file = program.parent_path() / ToNativePath(arguments.Next());
+        std::filesystem::copy_file(file, program.parent_path() / ToNativePath(arguments.Next()));
     } else {
-        return false;
+        return DoFolders(command, arguments) || DoLibraries(command, arguments);
     }
     return true;
 }

@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "tests/support/Escapes.h"
@@ -17,6 +18,7 @@
 class ProbedInstallation : public Installation {
 public:
     using Answers = std::vector<std::u16string>;
+    using Environment = std::vector<std::pair<std::string, std::string>>;
 
     explicit ProbedInstallation(std::string_view folder = "bin")
         : Installation(INSTALLATION_PROBE, INSTALLATION_MODULES, folder) {}
@@ -28,11 +30,11 @@ public:
 
     /// Runs the program with commands of the probe (see InstallationProbe.cpp), one behind the other, and
     /// gives one answer for each that has one. The process is a new one with every call.
-    Answers Ask(const std::vector<std::u16string>& commands) const {
+    Answers Ask(const std::vector<std::u16string>& commands, const Environment& environment = {}) const {
         std::vector<std::string> arguments;
         for (const std::u16string& each : commands)
             arguments.push_back(Escaped(each));
-        const ProgramResult result = Run(arguments);
+        const ProgramResult result = Run(arguments, environment);
         if (result.status != 0)
             throw std::runtime_error("the probe ended with status " + std::to_string(result.status) + ": " +
                                      result.err);

@@ -53,10 +53,14 @@ TEST(ModuleExports, NothingElseLeavesTheModule) {
     static const std::string exportedClasses[] = {"CAtlException",
                                                   "CCodeParser",
                                                   "CString",
+                                                  "DirectoryManager::ICommonDirectory",
+                                                  "DirectoryManager::ILibraryDirectory",
+                                                  "DirectoryManager::IProjectDirectory",
                                                   "ExpressionAnalyse::IExpressionAnalyse",
                                                   "ExpressionAnalyse::IExpressionNode",
                                                   "IQsUtils",
                                                   "IQsUtils1",
+                                                  "LibraryManager::ILibraryManager",
                                                   "NS_XMLACCESS::IXmlAccessTool",
                                                   "XMLNode"};
     const std::set<std::string> expected(std::begin(exportedNames), std::end(exportedNames));

@@ -39,12 +39,17 @@ public:
         std::filesystem::copy_file(file, Folder() / file.filename());
     }
 
-    /// Runs the program to its end, in a folder that isn't its own. Arguments are UTF-8.
-    ProgramResult Run(std::vector<std::string> arguments) const {
+    /// The folder in which the program runs, which isn't its own.
+    const std::filesystem::path& WorkFolder() const { return m_root.Path(); }
+
+    /// Runs the program to its end. Arguments are UTF-8; the environment is set on top of this process's own.
+    ProgramResult Run(std::vector<std::string> arguments,
+                      std::vector<std::pair<std::string, std::string>> environment = {}) const {
         ProgramCall call;
+        call.environment = std::move(environment);
         call.program = m_program;
         call.arguments = std::move(arguments);
-        call.folder = m_root.Path();
+        call.folder = WorkFolder();
         return RunProgram(call);
     }
 

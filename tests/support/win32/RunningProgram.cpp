@@ -72,11 +72,11 @@ RunningProgram::~RunningProgram() {
 std::string RunningProgram::ReadLine() {
     std::string line;
     DWORD count = 0;
-    for (char byte = '\0'; ::ReadFile(AsHandle(m_out), &byte, 1, &count, nullptr) != 0 && count == 1;) {
-        if (byte == '\n')
+    for (char each = '\0'; ::ReadFile(AsHandle(m_out), &each, 1, &count, nullptr) != 0 && count == 1;) {
+        if (each == '\n')
             break;
-        if (byte != '\r')
-            line += byte;
+        if (each != '\r')
+            line += each;
     }
     return line;
 }
