@@ -2,6 +2,8 @@
 #pragma once
 
 #include "QsUtils/codes/CCodeParser.h"
+#include "QsUtils/config/ExtraCostType.h"
+#include "QsUtils/config/ProjectOverview.h"
 #include "QsUtils/directory/DirectoryManager.h"
 #include "QsUtils/directory/LibraryKey.h"
 #include "QsUtils/directory/LibraryVisitor.h"

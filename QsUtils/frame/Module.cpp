@@ -37,6 +37,7 @@ constinit QsFrame::ServiceHolder<COprateString> theFormulaVariables;
 constinit QsFrame::ServiceHolder<LoadedUnitDecimals> theUnitDecimals;
 
 // Ended by the end sequence, not by their own destructors.
+constinit QsFrame::LazyService<QsConfig::CExtraCostRead> theConfiguration;
 constinit QsFrame::LazyService<DirectoryManager::CCommonDirectory> theCommonDirectories;
 constinit QsFrame::LazyService<DirectoryManager::CProjectDirectory> theProjectDirectories;
 constinit QsFrame::LazyService<DirectoryManager::CLibraryDirectory> theLibraryDirectories;
@@ -59,6 +60,7 @@ bool CQsUtilsApp::InitInstance() {
 }
 
 int CQsUtilsApp::ExitInstance() {
+    theConfiguration.Destroy();
     theCommonDirectories.Destroy();
     theProjectDirectories.Destroy();
     theLibraryDirectories.Destroy();  // the companion goes with them, and may use XML as it does
@@ -110,6 +112,10 @@ ToolTable& Tools() {
 }  // namespace QsXml
 
 namespace QsFrame {
+
+QsConfig::CExtraCostRead& Configuration() {
+    return theConfiguration.Get();
+}
 
 QsCodes::CConvertMajorAndCode& Majors() {
     return theMajors.Get();

@@ -3,10 +3,14 @@
 #pragma once
 
 #include "QsUtils/codes/CConvertMajorAndCode.h"
+#include "QsUtils/config/CExtraCostRead.h"
 #include "QsUtils/expression/COprateString.h"
 #include "QsUtils/units/CUnitMantissa.h"
 
 namespace QsFrame {
+
+/// The reader of the configuration files, which has read none at first; the first to be ended.
+QsConfig::CExtraCostRead& Configuration();
 
 /// The majors and their codes, loaded at the first call; they die with the static objects.
 QsCodes::CConvertMajorAndCode& Majors();
