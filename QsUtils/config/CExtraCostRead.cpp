@@ -15,8 +15,7 @@
 #include "QsUtils/platform/FolderEntries.h"
 
 using QS_ProjectOverView::stuColInfo;
-
-namespace QsConfig {
+using QsConfig::MarkList;
 
 namespace {
 
@@ -52,10 +51,10 @@ CString CExtraCostRead::FindLibraryFile(const CString& libraryFile, const CStrin
                                               family, CString(), CString(), libraryFile);
 }
 
-bool CExtraCostRead::ReadCompanion(const CString& libraryFile, const CString& family) {
+bool CExtraCostRead::TakeUpFile(const CString& libraryFile, const CString& family) {
     if (libraryFile.IsEmpty())
         return false;
-    const CString path = ExtraCostPath(FindLibraryFile(libraryFile, family));
+    const CString path = QsConfig::ExtraCostPath(FindLibraryFile(libraryFile, family));
     if (path.IsEmpty())
         return false;
     // Taken up once, so that a second library that leads to the same file gets no entries of its own.
@@ -64,7 +63,7 @@ bool CExtraCostRead::ReadCompanion(const CString& libraryFile, const CString& fa
     if (!QsPlatform::IsEntryFound(path))
         return false;
     m_listLoadedEcFile.push_back(path);
-    if (std::optional<ExtraCosts> costs = ReadExtraCosts(path)) {
+    if (std::optional<QsConfig::ExtraCosts> costs = QsConfig::ReadExtraCosts(path)) {
         m_mapOverHeight[libraryFile] = std::move(costs->overHeight);
         m_mapExtraCostType[libraryFile] = std::move(costs->types);
     }
@@ -80,7 +79,7 @@ const T* CExtraCostRead::FindOrRead(const std::map<CString, T>& kept, const CStr
         const auto found = kept.find(libraryFile);
         if (found != kept.end())
             return &found->second;
-        if (!ReadCompanion(libraryFile, each))
+        if (!TakeUpFile(libraryFile, each))
             return nullptr;
     }
     const auto found = kept.find(libraryFile);
@@ -89,7 +88,7 @@ const T* CExtraCostRead::FindOrRead(const std::map<CString, T>& kept, const CStr
 
 bool CExtraCostRead::InitOverHeight(const CString& libraryFile, const CString& family) {
     const std::lock_guard lock(m_lock);
-    return ReadCompanion(libraryFile, family);
+    return TakeUpFile(libraryFile, family);
 }
 
 const std::list<CString>* CExtraCostRead::GetOverHeightList(const CString& libraryFile,
@@ -112,7 +111,7 @@ eExtraCost_CoefficientType CExtraCostRead::GetExtraCostCalType(const CString& li
     if (types == nullptr)
         return eExtraCost_Unknown;
     const auto found = types->find(typeName);
-    return found == types->end() ? eExtraCost_Unknown : CoefficientTypeOf(found->second);
+    return found == types->end() ? eExtraCost_Unknown : QsConfig::CoefficientTypeOf(found->second);
 }
 
 void CExtraCostRead::SetExtraCostData(const CString& key, void* data) {
@@ -135,7 +134,8 @@ void CExtraCostRead::GetProjOverViewInfo(std::list<stuColInfo*>& fields) {
         return;
     }
     // What the caller's list holds already is the caller's, and is not to be freed here.
-    ReadOverview(FileBeside(u"\\FieldChoose.cos"), OverviewSource::Offer, m_listProjOverView);
+    QsConfig::ReadOverview(FileBeside(u"\\FieldChoose.cos"), QsConfig::OverviewSource::Offer,
+                           m_listProjOverView);
     fields.insert(fields.end(), m_listProjOverView.begin(), m_listProjOverView.end());
 }
 
@@ -155,14 +155,16 @@ void CExtraCostRead::GetHistory(const CString& section, std::list<CString>& hist
 
 /// The marks of a group; null for a name that is none.
 const MarkList* CExtraCostRead::LoadedMarks(const CString& folder, bool billMode, const CString& group) {
-    const MarkLists lists = {&m_listMesureItem, &m_listFeeTax, &m_listFeeSummary, &m_listOtherItemSummary,
-                             &m_listOtherItemPJTemPrice};
+    const QsConfig::MarkLists lists = {&m_listMesureItem, &m_listFeeTax, &m_listFeeSummary,
+                                       &m_listOtherItemSummary, &m_listOtherItemPJTemPrice};
     // A group without marks makes every call load the file again, and the other lists grow by theirs. Hosts
     // have come to rest on what that gives.
     if (std::any_of(lists.begin(), lists.end(), [](const MarkList* list) { return list->empty(); }))
-        ReadMarks(MarkFilePath(folder), billMode, lists);
-    const auto found = std::find(MarkGroups.begin(), MarkGroups.end(), group.View());
-    return found == MarkGroups.end() ? nullptr : lists[static_cast<std::size_t>(found - MarkGroups.begin())];
+        QsConfig::ReadMarks(MarkFilePath(folder), billMode, lists);
+    const auto found = std::find(QsConfig::MarkGroups.begin(), QsConfig::MarkGroups.end(), group.View());
+    return found == QsConfig::MarkGroups.end()
+               ? nullptr
+               : lists[static_cast<std::size_t>(found - QsConfig::MarkGroups.begin())];
 }
 
 void CExtraCostRead::GetMarkMap(const CString& folder, bool billMode, const CString& group,
@@ -181,5 +183,3 @@ void CExtraCostRead::GetMarkList(const CString& folder, bool billMode, const CSt
     for (const auto& [code, name] : *list)
         names.push_back(name);
 }
-
-}  // namespace QsConfig

@@ -11,8 +11,6 @@
 #include "QsUtils/platform/Mutex.h"
 #include "QsUtils/text/CString.h"
 
-namespace QsConfig {
-
 /// Reads each file when a call first asks for it, and keeps what it read until it is destroyed. `IQsUtils1`
 /// documents the operations of the same names; any thread may call them. No file is asked for at its making.
 class CExtraCostRead {
@@ -41,11 +39,11 @@ public:
     void GetMarkList(const CString& folder, bool billMode, const CString& group, std::list<CString>& names);
 
 private:
-    bool ReadCompanion(const CString& libraryFile, const CString& family);
+    bool TakeUpFile(const CString& libraryFile, const CString& family);
     CString FindLibraryFile(const CString& libraryFile, const CString& family) const;
     template <typename T>
     const T* FindOrRead(const std::map<CString, T>& kept, const CString& libraryFile, const CString& family);
-    const MarkList* LoadedMarks(const CString& folder, bool billMode, const CString& group);
+    const QsConfig::MarkList* LoadedMarks(const CString& folder, bool billMode, const CString& group);
 
     std::list<CString> m_listLoadedEcFile;                             // the files that have been taken up
     std::map<CString, std::list<CString>> m_mapOverHeight;             // by the names of library files
@@ -54,15 +52,13 @@ private:
     std::map<CString, CString> m_mapFindPath;                          // by what was searched for
     std::map<CString, void*> m_mapExtraCostData;
     std::list<QS_ProjectOverView::stuColInfo*> m_listProjOverView;
-    HistoryMap m_mapHistory;
-    MarkList m_listMesureItem;
-    MarkList m_listFeeTax;
-    MarkList m_listFeeSummary;
-    MarkList m_listOtherItemSummary;
-    MarkList m_listOtherItemPJTemPrice;
+    QsConfig::HistoryMap m_mapHistory;
+    QsConfig::MarkList m_listMesureItem;
+    QsConfig::MarkList m_listFeeTax;
+    QsConfig::MarkList m_listFeeSummary;
+    QsConfig::MarkList m_listOtherItemSummary;
+    QsConfig::MarkList m_listOtherItemPJTemPrice;
 
     // Held while a file is read: whoever else asks for its entries waits for them.
     QsPlatform::Mutex m_lock;
 };
-
-}  // namespace QsConfig

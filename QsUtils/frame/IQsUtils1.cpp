@@ -45,30 +45,30 @@ CString IQsUtils1::GenerateMaterialMD5(CommonMaterialKey* pKey) {
 }
 
 bool IQsUtils1::InitOverHeight(CString const& strLibFile, CString const& strFamily) {
-    return QsFrame::Configuration().InitOverHeight(strLibFile, strFamily);
+    return QsFrame::ConfigurationReader().InitOverHeight(strLibFile, strFamily);
 }
 
 std::list<CString> const* IQsUtils1::GetOverHeightList(CString const& strLibFile, CString const& strFamily) {
-    return QsFrame::Configuration().GetOverHeightList(strLibFile, strFamily);
+    return QsFrame::ConfigurationReader().GetOverHeightList(strLibFile, strFamily);
 }
 
 std::map<CString, CString> const* IQsUtils1::GetExtraCostTypeList(CString const& strLibFile,
                                                                   CString const& strFamily) {
-    return QsFrame::Configuration().GetExtraCostTypeList(strLibFile, strFamily);
+    return QsFrame::ConfigurationReader().GetExtraCostTypeList(strLibFile, strFamily);
 }
 
 eExtraCost_CoefficientType IQsUtils1::GetExtraCostCalType(CString const& strLibFile,
                                                           CString const& strTypeName,
                                                           CString const& strFamily) {
-    return QsFrame::Configuration().GetExtraCostCalType(strLibFile, strTypeName, strFamily);
+    return QsFrame::ConfigurationReader().GetExtraCostCalType(strLibFile, strTypeName, strFamily);
 }
 
 void IQsUtils1::SetExtraCostData(CString const& strKey, void* pData) {
-    QsFrame::Configuration().SetExtraCostData(strKey, pData);
+    QsFrame::ConfigurationReader().SetExtraCostData(strKey, pData);
 }
 
 void* IQsUtils1::GetExtraCostDataByKey(CString const& strKey) {
-    return QsFrame::Configuration().GetExtraCostDataByKey(strKey);
+    return QsFrame::ConfigurationReader().GetExtraCostDataByKey(strKey);
 }
 
 void* IQsUtils1::AllocateExtraCostData(std::size_t nBytes) {
@@ -76,7 +76,7 @@ void* IQsUtils1::AllocateExtraCostData(std::size_t nBytes) {
 }
 
 void IQsUtils1::GetProjOverViewInfo(std::list<QS_ProjectOverView::stuColInfo*>& listInfo) {
-    QsFrame::Configuration().GetProjOverViewInfo(listInfo);
+    QsFrame::ConfigurationReader().GetProjOverViewInfo(listInfo);
 }
 
 void IQsUtils1::GetProjOverViewInfo(CString const& strFile,
@@ -90,21 +90,21 @@ bool IQsUtils1::CreateProjOverViewInfo(CString const& strFile,
 }
 
 void IQsUtils1::WriteHistory(CString const& strSection, CString const& strValue) {
-    QsFrame::Configuration().WriteHistory(strSection, strValue);
+    QsFrame::ConfigurationReader().WriteHistory(strSection, strValue);
 }
 
 void IQsUtils1::GetHistory(CString const& strSection, std::list<CString>& listHistory) {
-    QsFrame::Configuration().GetHistory(strSection, listHistory);
+    QsFrame::ConfigurationReader().GetHistory(strSection, listHistory);
 }
 
 void IQsUtils1::GetMarkMap(CString const& strFolder, bool bQdMode, CString const& strGroup,
                            std::map<CString, CString>& mapMark) {
-    QsFrame::Configuration().GetMarkMap(strFolder, bQdMode, strGroup, mapMark);
+    QsFrame::ConfigurationReader().GetMarkMap(strFolder, bQdMode, strGroup, mapMark);
 }
 
 void IQsUtils1::GetMarkList(CString const& strFolder, bool bQdMode, CString const& strGroup,
                             std::list<CString>& listMark) {
-    QsFrame::Configuration().GetMarkList(strFolder, bQdMode, strGroup, listMark);
+    QsFrame::ConfigurationReader().GetMarkList(strFolder, bQdMode, strGroup, listMark);
 }
 
 CString IQsUtils1::GetExcelInstallVersion() {

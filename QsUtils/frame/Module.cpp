@@ -37,7 +37,7 @@ constinit QsFrame::ServiceHolder<COprateString> theFormulaVariables;
 constinit QsFrame::ServiceHolder<LoadedUnitDecimals> theUnitDecimals;
 
 // Ended by the end sequence, not by their own destructors.
-constinit QsFrame::LazyService<QsConfig::CExtraCostRead> theConfiguration;
+constinit QsFrame::LazyService<CExtraCostRead> theConfigurationReader;
 constinit QsFrame::LazyService<DirectoryManager::CCommonDirectory> theCommonDirectories;
 constinit QsFrame::LazyService<DirectoryManager::CProjectDirectory> theProjectDirectories;
 constinit QsFrame::LazyService<DirectoryManager::CLibraryDirectory> theLibraryDirectories;
@@ -60,7 +60,7 @@ bool CQsUtilsApp::InitInstance() {
 }
 
 int CQsUtilsApp::ExitInstance() {
-    theConfiguration.Destroy();
+    theConfigurationReader.Destroy();
     theCommonDirectories.Destroy();
     theProjectDirectories.Destroy();
     theLibraryDirectories.Destroy();  // the companion goes with them, and may use XML as it does
@@ -113,8 +113,8 @@ ToolTable& Tools() {
 
 namespace QsFrame {
 
-QsConfig::CExtraCostRead& Configuration() {
-    return theConfiguration.Get();
+CExtraCostRead& ConfigurationReader() {
+    return theConfigurationReader.Get();
 }
 
 QsCodes::CConvertMajorAndCode& Majors() {

@@ -10,7 +10,7 @@
 namespace QsFrame {
 
 /// The reader of the configuration files, which has read none at first; the first to be ended.
-QsConfig::CExtraCostRead& Configuration();
+CExtraCostRead& ConfigurationReader();
 
 /// The majors and their codes, loaded at the first call; they die with the static objects.
 QsCodes::CConvertMajorAndCode& Majors();

@@ -15,7 +15,6 @@
 #include "tests/support/Rounds.h"
 #include "tests/support/TemporaryFolder.h"
 
-using QsConfig::CExtraCostRead;
 using Fields = std::list<QS_ProjectOverView::stuColInfo*>;
 using Names = std::list<CString>;
 
