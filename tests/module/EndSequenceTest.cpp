@@ -34,6 +34,8 @@ std::string EventsOfExit(const ProgramResult& result) {
 }
 
 constexpr const char* endOfModule =
+    "the host's data ends\n"
+    "configuration ends\n"
     "analyser ends\n"
     "XML tool ends\n"
     "XML ends\n"

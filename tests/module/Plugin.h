@@ -18,6 +18,10 @@ bool PluginCallService(std::size_t index);
 void PluginUseVariables();
 void PluginUseMajors();
 void PluginUseUnitDecimals();
+void PluginUseConfiguration();
+
+/// A block of the host's own that the library has been given.
+void* PluginKeptBlock();
 
 /// The analyser as the library hands it out.
 void* PluginAnalyser();

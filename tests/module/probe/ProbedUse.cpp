@@ -27,6 +27,8 @@ TEST_EXPORT void ProbeUseLibrary() {
     WatchService(PluginUseMajors, "majors end");
     WatchService(PluginUseVariables, "scanner of variables ends");
     WatchService(PluginUseUnitDecimals, "unit decimals end");
+    WatchService(PluginUseConfiguration, "configuration ends");
+    EventProbe::WatchBlock(PluginKeptBlock(), "the host's data ends");
     EventProbe::WatchBlock(PluginAnalyser(), "analyser ends");
     EventProbe::WatchBlock(PluginXmlTool(), "XML tool ends");
 }
