@@ -20,7 +20,7 @@ using QsUi::IsYsOpen;
 namespace {
 
 /// A key of this process alone, so that test programs that run side by side don't meet.
-CString Key(const char16_t* name) {
+CString Key(const CString& name) {
     static const unsigned process = std::random_device{}();
     CString key;
     key.Format(u"qsutils-test-%x-%s", process, name);
