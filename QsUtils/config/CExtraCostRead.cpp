@@ -13,6 +13,7 @@
 #include "QsUtils/library/LibraryManager.h"
 #include "QsUtils/platform/ExecutableFolder.h"
 #include "QsUtils/platform/FolderEntries.h"
+#include "QsUtils/text/Files.h"
 
 using QS_ProjectOverView::stuColInfo;
 using QsConfig::MarkList;
@@ -112,6 +113,27 @@ eExtraCost_CoefficientType CExtraCostRead::GetExtraCostCalType(const CString& li
         return eExtraCost_Unknown;
     const auto found = types->find(typeName);
     return found == types->end() ? eExtraCost_Unknown : QsConfig::CoefficientTypeOf(found->second);
+}
+
+void CExtraCostRead::FindPath(CString& path, const CString& folder, const CString& fileName,
+                              const CString& tail) {
+    CString key = folder + u'@' + fileName + u'@' + tail;
+    {
+        const std::lock_guard lock(m_lock);
+        const auto known = m_mapFindPath.find(key);
+        if (known != m_mapFindPath.end()) {
+            path = known->second;
+            return;
+        }
+    }
+    CString found;
+    QsText::FindPath(found, folder, fileName, tail);
+    if (!found.IsEmpty()) {
+        const std::lock_guard lock(m_lock);
+        m_mapFilePath[fileName] = found;
+        m_mapFindPath[std::move(key)] = found;
+    }
+    path = std::move(found);
 }
 
 void CExtraCostRead::SetExtraCostData(const CString& key, void* data) {

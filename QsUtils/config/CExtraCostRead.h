@@ -26,6 +26,8 @@ public:
     const std::map<CString, CString>* GetExtraCostTypeList(const CString& libraryFile, const CString& family);
     eExtraCost_CoefficientType GetExtraCostCalType(const CString& libraryFile, const CString& typeName,
                                                    const CString& family);
+    /// `IQsUtils::FindPath` with a memory; see `IQsUtils1`. Other calls don't wait for the search.
+    void FindPath(CString& path, const CString& folder, const CString& fileName, const CString& tail);
     void SetExtraCostData(const CString& key, void* data);
     void* GetExtraCostDataByKey(const CString& key);
 

@@ -3,6 +3,8 @@
 //   options LIB FAMILY        its over-height options, joined by "|"; "null" without a list
 //   types LIB FAMILY          its extra cost types as "name=text", joined by "|"; "null" without a map
 //   kind LIB TYPE FAMILY      how a type applies its coefficient, as a number
+//   find FOLDER NAME TAIL     searches below a folder beside the program, and remembers the path; the answer
+//                             is what stands behind the program's folder
 //   fields                    the codes and numbers of the offered fields, joined by "|"
 //   fields-of FILE            those of a project's file beside the program
 //   add-fields FILE CODE      writes one field to a project's file beside the program: whether that was done
@@ -79,6 +81,14 @@ void Kind(Arguments& arguments) {
     Answer(Number(IQsUtils1::GetExtraCostCalType(library, type, arguments.Next())));
 }
 
+void Find(Arguments& arguments) {
+    const CString folder = Beside(arguments.Next());
+    const CString name = arguments.Next();
+    CString path;
+    IQsUtils1::FindPath(path, folder, name, arguments.Next());
+    Answer(path.Mid(Beside(CString()).GetLength()));
+}
+
 void OfferedFields(Arguments&) {
     Fields fields;
     IQsUtils1::GetProjOverViewInfo(fields);
@@ -137,6 +147,7 @@ constexpr Command Commands[] = {
     {u"options", Options},
     {u"types", Types},
     {u"kind", Kind},
+    {u"find", Find},
     {u"fields", OfferedFields},
     {u"fields-of", ProjectFields},
     {u"add-fields", AddFields},

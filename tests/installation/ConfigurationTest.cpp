@@ -132,6 +132,46 @@ TEST(ExtraCosts, AnEmptyFileGivesEmptyEntries) {
         (Answers{u"yes", u"", u""}));
 }
 
+TEST(ExtraCosts, ALibraryThatWasFoundByPathNeedsNoManager) {
+    const ProbedInstallation installation;
+    installation.Write("a/k.mdb", "");
+    installation.Write("a/k.ec", CostFile);
+    EXPECT_EQ(installation.Ask(
+                  {u"init", u"k.mdb", u"F", u"find", u"a\\", u"k.mdb", u"", u"options", u"k.mdb", u""}),
+              (Answers{u"no", u"a\\k.mdb", u"20m|30m"}));
+}
+
+TEST(ExtraCosts, ASecondLibraryOfOneFileThatWasFoundByPathHasNoneEither) {
+    const ProbedInstallation installation;
+    installation.Write("a/k.mdb", "");
+    installation.Write("a/k.lib", "");
+    installation.Write("a/k.ec", CostFile);
+    EXPECT_EQ(installation.Ask({u"find",    u"a\\",   u"k.mdb", u"",        u"find",  u"a\\",   u"k.lib",
+                                u"",        u"init",  u"k.mdb", u"F",       u"init",  u"k.lib", u"",
+                                u"options", u"k.lib", u"F",     u"types",   u"k.lib", u"",      u"kind",
+                                u"k.lib",   u"gao",   u"F",     u"options", u"k.mdb", u""}),
+              (Answers{u"a\\k.mdb", u"a\\k.lib", u"yes", u"yes", u"null", u"null", u"0", u"20m|30m"}));
+}
+
+TEST(ExtraCosts, TheLaterFindOfANameCounts) {
+    const ProbedInstallation installation;
+    for (const std::string& folder : {std::string("a"), std::string("b")}) {
+        installation.Write(folder + "/k.mdb", "");
+        installation.Write(folder + "/k.ec",
+                           "<r><Overheight><Value Name='" + folder + "'/></Overheight></r>");
+    }
+    EXPECT_EQ(installation.Ask({u"find", u"a\\",     u"k.mdb", u"", u"find",    u"b\\",   u"k.mdb",
+                                u"",     u"options", u"k.mdb", u"", u"find",    u"a\\",   u"k.mdb",
+                                u"",     u"init",    u"k.mdb", u"", u"options", u"k.mdb", u""}),
+              (Answers{u"a\\k.mdb", u"b\\k.mdb", u"b", u"a\\k.mdb", u"yes", u"b"}))
+        << "a find out of the memory changes nothing";
+    EXPECT_EQ(installation.Ask({u"find", u"a\\",   u"k.mdb", u"",        u"options", u"k.mdb", u"",
+                                u"find", u"b\\",   u"k.mdb", u"",        u"options", u"k.mdb", u"",
+                                u"init", u"k.mdb", u"",      u"options", u"k.mdb",   u""}),
+              (Answers{u"a\\k.mdb", u"a", u"b\\k.mdb", u"a", u"yes", u"b"}))
+        << "another place fills the entries anew";
+}
+
 // --- The overview
 
 TEST(Overview, FieldsComeFromTheFileBesideTheProgram) {

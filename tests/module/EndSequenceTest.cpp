@@ -35,7 +35,7 @@ std::string EventsOfExit(const ProgramResult& result) {
 
 constexpr const char* endOfModule =
     "the host's data ends\n"
-    "configuration ends\n"
+    "configuration reader ends\n"
     "analyser ends\n"
     "XML tool ends\n"
     "XML ends\n"

@@ -16,9 +16,9 @@ bool PluginCallService(std::size_t index);
 
 /// Calls that make one service each and nothing else that stays; there are no files for them to read.
 void PluginUseVariables();
+void PluginUseConfigurationReader();
 void PluginUseMajors();
 void PluginUseUnitDecimals();
-void PluginUseConfiguration();
 
 /// A block of the host's own that the library has been given.
 void* PluginKeptBlock();
