@@ -2,6 +2,8 @@
 #pragma once
 
 #include "QsUtils/codes/CCodeParser.h"
+#include "QsUtils/config/ExtraCostType.h"
+#include "QsUtils/config/ProjectOverview.h"
 #include "QsUtils/directory/DirectoryManager.h"
 #include "QsUtils/directory/LibraryKey.h"
 #include "QsUtils/directory/LibraryVisitor.h"
@@ -14,5 +16,6 @@
 #include "QsUtils/text/CAtlException.h"
 #include "QsUtils/text/CString.h"
 #include "QsUtils/text/CStringArray.h"
+#include "QsUtils/ui/YsType.h"
 #include "QsUtils/xml/XMLNode.h"
 #include "QsUtils/xml/XmlAccess.h"

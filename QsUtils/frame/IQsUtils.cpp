@@ -10,6 +10,7 @@
 #include "QsUtils/text/NumberText.h"
 #include "QsUtils/text/Paths.h"
 #include "QsUtils/text/Segments.h"
+#include "QsUtils/ui/OpenBudgets.h"
 
 IQsUtils::IQsUtils() = default;
 IQsUtils::IQsUtils(const IQsUtils&) = default;
@@ -240,4 +241,16 @@ CString IQsUtils::GetInitPath() {
 
 CString IQsUtils::GetStreamMD5(CString const& strText) {
     return QsMaterial::StreamMd5(strText);
+}
+
+int IQsUtils::IsYsOpen(CString const& strKey, CString const& strItem) {
+    return QsUi::IsYsOpen(strKey, strItem);
+}
+
+CString IQsUtils::YsTypeToString(eYsType eType) {
+    return QsUi::YsTypeToString(eType);
+}
+
+eYsType IQsUtils::StringToYsType(CString const& strType) {
+    return QsUi::StringToYsType(strType);
 }

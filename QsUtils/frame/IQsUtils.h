@@ -10,6 +10,7 @@
 #include "QsUtils/platform/Api.h"
 #include "QsUtils/text/CString.h"
 #include "QsUtils/text/CStringArray.h"
+#include "QsUtils/ui/YsType.h"
 
 /// Static functions that every module of the product shares. The class has no fields; nobody needs an object
 /// of it. Unless a function says otherwise it keeps no state, changes only its own arguments, raises nothing
@@ -180,6 +181,16 @@ public:
 
     /// The MD5 digest (RFC 1321) of the text's UTF-16LE bytes, as 32 lower-case hexadecimal digits.
     static CString GetStreamMD5(CString const& strText);
+
+    // --- Open budgets
+
+    /// Whether another program lists `strItem` as open under the budget key `strKey`: 1 or 0. Also 0 when no
+    /// program has listed anything, or when its list can't be read; see docs/open-budgets.md.
+    static int IsYsOpen(CString const& strKey, CString const& strItem);
+    /// "Normal", "SongShen" or "ShenDing"; "Normal" for any other value as well.
+    static CString YsTypeToString(eYsType eType);
+    /// The kind of that text, in the exact case; `eYsType_Normal` for any other text.
+    static eYsType StringToYsType(CString const& strType);
 
 private:
     /// As `RemoveRelativeDirectoryFromPath`, for every path.

@@ -9,7 +9,7 @@
 
 namespace QsFrame {
 
-/// The configuration reader; the end sequence ends it first.
+/// The reader of the configuration files, which has read none at first; the first to be ended.
 CExtraCostRead& ConfigurationReader();
 
 /// The majors and their codes, loaded at the first call; they die with the static objects.

@@ -60,20 +60,27 @@ CString ReadProfileValue(const CString& path, const CString& section, const CStr
     return ProfileDocument(path).Text(section, key, fallback, size);
 }
 
-bool WriteProfileValue(const CString& path, const CString& section, const CString& key,
-                       const CString& value) {
+bool WriteProfileValues(const CString& path, const CString& section, const ProfileValues& values) {
     FileFailure failure = FileFailure::None;
     const std::optional<std::string> before = ReadWholeFile(path, &failure);
     if (!before && failure != FileFailure::MissingFile)
         return false;
-    const std::string_view old = before ? std::string_view(*before) : std::string_view();
-    const std::optional<std::string> after = SetProfileValue(old, section.View(), key.View(), value.View());
-    if (!after)
-        return false;
-    if (before && *after == *before)
+    std::string after = before.value_or(std::string());
+    for (const auto& [key, value] : values) {
+        std::optional<std::string> changed = SetProfileValue(after, section.View(), key.View(), value.View());
+        if (!changed)
+            return false;
+        after = std::move(*changed);
+    }
+    if (before && after == *before)
         return true;
     FileReplacement file(path);
-    return file.Write(after->data(), after->size()) && file.Commit();
+    return file.Write(after.data(), after.size()) && file.Commit();
+}
+
+bool WriteProfileValue(const CString& path, const CString& section, const CString& key,
+                       const CString& value) {
+    return WriteProfileValues(path, section, {{key, value}});
 }
 
 }  // namespace QsPlatform

@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "QsUtils/text/CString.h"
 
@@ -47,6 +49,12 @@ CString ReadProfileValue(const CString& path, const CString& section, const CStr
 /// name with an end of line, or with characters that the encoding lacks. Calls for one file must not meet:
 /// the last one to write wins.
 bool WriteProfileValue(const CString& path, const CString& section, const CString& key, const CString& value);
+
+/// Keys and their values, in the order in which they are to be set.
+using ProfileValues = std::vector<std::pair<CString, CString>>;
+
+/// The same for several values of one section: the file is replaced once, with all of them or none.
+bool WriteProfileValues(const CString& path, const CString& section, const ProfileValues& values);
 
 /// What the file becomes, for `WriteProfileValue`: the bytes with the value set, which may be the same; none
 /// when the names are refused.

@@ -6,16 +6,11 @@
 #include "QsUtils/platform/ExecutableFolder.h"
 #include "QsUtils/text/Numbers.h"
 #include "QsUtils/xml/CXmlAccessTool.h"
+#include "QsUtils/xml/NodeAttribute.h"
 
 namespace QsUnits {
 
 namespace {
-
-/// The value of an attribute; empty when the element lacks it.
-CString Attribute(const XMLNode& node, const wchar_t* name) {
-    const auto found = node.Attributes.find(name);
-    return found == node.Attributes.end() ? CString() : CString(found->second);
-}
 
 int DecimalsOf(const CString& text) {
     return QsText::ReadInt(text.View());
@@ -38,7 +33,8 @@ void CUnitMantissa::Load(const CString& path) {
     if (root->Attributes.find(L"default_decimal") == root->Attributes.end())
         m_nDefaultDecimal = DecimalsOf(CString());
     for (const XMLNode* row : root->Children)
-        m_mapUnitDecimal[Attribute(*row, L"unit")] = DecimalsOf(Attribute(*row, L"decimal"));
+        m_mapUnitDecimal[QsXml::AttributeText(*row, L"unit")] =
+            DecimalsOf(QsXml::AttributeText(*row, L"decimal"));
 }
 
 int CUnitMantissa::GetUnitMantissa(const CString& unit) const {

@@ -42,6 +42,10 @@ int Run(const std::vector<std::string>& arguments, const Streams& streams) {
     AddSort(app, streams, status);
     AddUnit(app, streams, status);
     AddLibraries(app, streams, status);
+    AddOverview(app, streams, status);
+    AddExtraCosts(app, streams, status);
+    AddMarks(app, streams, status);
+    AddHistory(app, streams, status);
     try {
         // The parser takes its arguments from the back.
         std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());

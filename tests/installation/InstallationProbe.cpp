@@ -7,7 +7,7 @@
 //   init           the folder in which file dialogs start, without the program's own folder in front
 //   write NAME T   writes a file beside the program, its bytes being the units of T; no answer
 //   copy NAME TO   copies a file beside the program to another name; no answer
-// and what FolderCommands.cpp and LibraryCommands.cpp say.
+// and what FolderCommands.cpp, LibraryCommands.cpp and ConfigurationCommands.cpp say.
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -73,7 +73,8 @@ bool Do(const CString& command, const std::filesystem::path& program, Arguments&
         const std::filesystem::path file = program.parent_path() / ToNativePath(arguments.Next());
         std::filesystem::copy_file(file, program.parent_path() / ToNativePath(arguments.Next()));
     } else {
-        return DoFolders(command, arguments) || DoLibraries(command, arguments);
+        return DoFolders(command, arguments) || DoLibraries(command, arguments) ||
+               DoConfiguration(command, arguments);
     }
     return true;
 }

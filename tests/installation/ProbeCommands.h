@@ -34,6 +34,7 @@ inline void Answer(const std::vector<CString>& texts) {
     Answer(joined);
 }
 
-/// Does a command about folders or libraries; false when it is none.
+/// Does a command about folders, libraries or configuration files; false when it is none.
 bool DoFolders(const CString& command, Arguments& arguments);
 bool DoLibraries(const CString& command, Arguments& arguments);
+bool DoConfiguration(const CString& command, Arguments& arguments);

@@ -40,6 +40,7 @@ std::string EventsOfExit(const ProgramResult& result) {
 }
 
 constexpr const char* endOfModule =
+    "the host's data ends\n"
     "configuration reader ends\n"
     "common directories end\n"
     "project directories end\n"

@@ -101,6 +101,25 @@ bool CallUnitDecimals() {
     return IQsUtils1::GetUnitMantissa(u"no unit") == 2;
 }
 
+// No configuration file stands beside the hosts of these tests, and none is made.
+bool CallConfiguration() {
+    std::list<CString> history = {u"kept"};
+    std::list<CString> marks;
+    std::map<CString, CString> markMap;
+    IQsUtils1::GetHistory(u"no such section", history);
+    IQsUtils1::GetMarkList(u"", true, u"FeeTax", marks);
+    IQsUtils1::GetMarkMap(u"", false, u"FeeTax", markMap);
+    return marks.empty() && markMap.empty() && history.size() == 1 &&
+           IQsUtils1::GetExtraCostDataByKey(u"no such key") == nullptr;
+}
+
+bool CallExtraCosts() {
+    return !IQsUtils1::InitOverHeight(u"no such library.mdb", u"no such family") &&
+           IQsUtils1::GetOverHeightList(u"no such library.mdb", u"") == nullptr &&
+           IQsUtils1::GetExtraCostTypeList(u"", u"") == nullptr &&
+           IQsUtils1::GetExtraCostCalType(u"", u"", u"") == eExtraCost_Unknown;
+}
+
 bool CallPaths() {
     return FromNativePath(ToNativePath(u"\\opt\\app")) == u"\\opt\\app";
 }
@@ -189,6 +208,31 @@ bool CallXmlDocument() {
            tool->SaveXmlFile(L"");
 }
 
+bool CallOverview() {
+    const XmlFile file;
+    XMLNode root;
+    root.Name = L"a";
+    QS_ProjectOverView::stuColInfo field;
+    field.strCode = u"c";
+    std::list<QS_ProjectOverView::stuColInfo*> fields = {&field};
+    if (!SaveXMLNode(&root, file.Path(), false) || !IQsUtils1::CreateProjOverViewInfo(file.Path(), fields))
+        return false;
+    fields.clear();
+    IQsUtils1::GetProjOverViewInfo(fields);
+    IQsUtils1::GetProjOverViewInfo(file.Path(), fields);
+    const bool isRight = fields.size() == 1 && fields.front()->strCode == u"c";
+    for (const QS_ProjectOverView::stuColInfo* each : fields)
+        delete each;
+    return isRight;
+}
+
+bool CallOpenBudgets() {
+    return IQsUtils::IsYsOpen(u"no such budget", u"A") == 0 &&
+           IQsUtils::YsTypeToString(eYsType_ShenDing) == u"ShenDing" &&
+           IQsUtils::StringToYsType(u"SongShen") == eYsType_SongShen &&
+           IQsUtils1::GetExcelInstallVersion().GetLength() < 127;
+}
+
 struct Service {
     const char* name;
     bool (*call)();
@@ -216,6 +260,10 @@ constexpr std::array services = {
     Service{"libraries", CallLibraries},
     Service{"XML trees", CallXmlTree},
     Service{"XML documents", CallXmlDocument},
+    Service{"configuration", CallConfiguration},
+    Service{"extra costs", CallExtraCosts},
+    Service{"overview", CallOverview},
+    Service{"open budgets", CallOpenBudgets},
 };
 
 }  // namespace
@@ -252,6 +300,11 @@ PLUGIN_EXPORT void PluginUseMajors() {
 
 PLUGIN_EXPORT void PluginUseUnitDecimals() {
     CallUnitDecimals();
+}
+
+PLUGIN_EXPORT void* PluginKeptBlock() {
+    IQsUtils1::SetExtraCostData(u"key", IQsUtils1::AllocateExtraCostData(64));
+    return IQsUtils1::GetExtraCostDataByKey(u"key");
 }
 
 PLUGIN_EXPORT void* PluginAnalyser() {

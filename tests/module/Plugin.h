@@ -20,6 +20,9 @@ void PluginUseConfigurationReader();
 void PluginUseMajors();
 void PluginUseUnitDecimals();
 
+/// A block of the host's own that the library has been given.
+void* PluginKeptBlock();
+
 /// The analyser as the library hands it out.
 void* PluginAnalyser();
 

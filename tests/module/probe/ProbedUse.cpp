@@ -34,6 +34,7 @@ TEST_EXPORT void ProbeUseLibrary() {
     EventProbe::WatchBlock(PluginLibraryDirectories(), "library directories end");
     EventProbe::WatchBlock(PluginProjectDirectories(), "project directories end");
     EventProbe::WatchBlock(PluginCommonDirectories(), "common directories end");
+    EventProbe::WatchBlock(PluginKeptBlock(), "the host's data ends");
     EventProbe::WatchBlock(PluginAnalyser(), "analyser ends");
     EventProbe::WatchBlock(PluginXmlTool(), "XML tool ends");
 }

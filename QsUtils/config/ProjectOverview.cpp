@@ -1,0 +1,8 @@
+#include "QsUtils/config/ProjectOverview.h"
+
+namespace QS_ProjectOverView {
+
+CProjectOverViewFactory::CProjectOverViewFactory() = default;
+CProjectOverViewFactory& CProjectOverViewFactory::operator=(const CProjectOverViewFactory&) = default;
+
+}  // namespace QS_ProjectOverView

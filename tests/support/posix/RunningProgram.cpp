@@ -1,0 +1,90 @@
+#include "tests/support/RunningProgram.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <stdexcept>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int notStarted = 127;
+
+void CloseOnce(std::intptr_t& file) {
+    if (file >= 0)
+        close(static_cast<int>(file));
+    file = -1;
+}
+
+[[noreturn]] void BecomeProgram(const ProgramCall& call, char** arguments, int in, int out) {
+    if (dup2(in, STDIN_FILENO) >= 0 && dup2(out, STDOUT_FILENO) >= 0) {
+        for (const auto& [name, value] : call.environment)
+            setenv(name.c_str(), value.c_str(), 1);
+        execv(arguments[0], arguments);
+    }
+    _exit(notStarted);
+}
+
+}  // namespace
+
+RunningProgram::RunningProgram(const ProgramCall& call) {
+    std::vector<std::string> texts = {call.program.string()};
+    texts.insert(texts.end(), call.arguments.begin(), call.arguments.end());
+    std::vector<char*> arguments;
+    for (std::string& text : texts)
+        arguments.push_back(text.data());
+    arguments.push_back(nullptr);
+    int in[2];
+    int out[2];
+    if (pipe2(in, O_CLOEXEC) != 0 || pipe2(out, O_CLOEXEC) != 0)
+        throw std::runtime_error("no pipe");
+    m_process = fork();
+    if (m_process == 0)
+        BecomeProgram(call, arguments.data(), in[0], out[1]);
+    close(in[0]);
+    close(out[1]);
+    m_in = in[1];
+    m_out = out[0];
+    if (m_process < 0)
+        throw std::runtime_error("can't start " + texts[0]);
+}
+
+RunningProgram::~RunningProgram() {
+    Wait();
+    CloseOnce(m_out);
+}
+
+std::string RunningProgram::ReadLine() {
+    std::string line;
+    for (char byte = '\0'; read(static_cast<int>(m_out), &byte, 1) == 1 && byte != '\n';)
+        line += byte;
+    return line;
+}
+
+void RunningProgram::Write(const std::string& bytes) {
+    static_cast<void>(write(static_cast<int>(m_in), bytes.data(), bytes.size()));
+}
+
+void RunningProgram::CloseInput() {
+    CloseOnce(m_in);
+}
+
+void RunningProgram::Kill() {
+    kill(static_cast<pid_t>(m_process), SIGKILL);
+}
+
+long RunningProgram::Id() const {
+    return static_cast<long>(m_process);
+}
+
+int RunningProgram::Wait() {
+    CloseInput();
+    int status = 0;
+    if (m_process > 0 && waitpid(static_cast<pid_t>(m_process), &status, 0) == m_process && WIFEXITED(status))
+        m_status = WEXITSTATUS(status);
+    m_process = -1;
+    return m_status;
+}

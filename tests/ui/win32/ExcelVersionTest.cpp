@@ -1,0 +1,86 @@
+// The version of the spreadsheet, from the registry.
+#include <string>
+
+#include <windows.h>
+#include <gtest/gtest.h>
+
+#include "QsUtils/ui/ExcelVersion.h"
+
+using QsUi::GetExcelInstallVersion;
+
+namespace {
+
+constexpr const wchar_t* ProgramKey = L"Software\\Classes\\Excel.Application";
+constexpr const wchar_t* VersionKey = L"Software\\Classes\\Excel.Application\\CurVer";
+
+/// The user's registration of a spreadsheet; a machine that has one is left alone.
+class ExcelVersion : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!GetExcelInstallVersion().IsEmpty())
+            GTEST_SKIP() << "a spreadsheet is installed here";
+        m_isOurs = true;
+    }
+    void TearDown() override {
+        if (!m_isOurs)
+            return;
+        ::RegDeleteKeyW(HKEY_CURRENT_USER, VersionKey);
+        ::RegDeleteKeyW(HKEY_CURRENT_USER, ProgramKey);
+    }
+
+    static void Register(DWORD type, const void* bytes, std::size_t size) {
+        HKEY key = nullptr;
+        ASSERT_EQ(::RegCreateKeyExW(HKEY_CURRENT_USER, VersionKey, 0, nullptr, 0, KEY_WRITE, nullptr, &key,
+                                    nullptr),
+                  ERROR_SUCCESS);
+        ASSERT_EQ(::RegSetValueExW(key, nullptr, 0, type, static_cast<const BYTE*>(bytes),
+                                   static_cast<DWORD>(size)),
+                  ERROR_SUCCESS);
+        ::RegCloseKey(key);
+    }
+    static void Register(const std::wstring& text) {
+        Register(REG_SZ, text.c_str(), (text.size() + 1) * sizeof(wchar_t));
+    }
+
+private:
+    bool m_isOurs = false;
+};
+
+TEST_F(ExcelVersion, IsWhatStandsBehindTheLastPoint) {
+    EXPECT_EQ(GetExcelInstallVersion(), u"");
+    Register(L"Excel.Application.16");
+    EXPECT_EQ(GetExcelInstallVersion(), u"16");
+    Register(L"no point");
+    EXPECT_EQ(GetExcelInstallVersion(), u"no point");
+    Register(L"Excel.Application.");
+    EXPECT_EQ(GetExcelInstallVersion(), u"");
+}
+
+TEST_F(ExcelVersion, AKeyWithoutAValueHasNone) {
+    HKEY key = nullptr;
+    ASSERT_EQ(
+        ::RegCreateKeyExW(HKEY_CURRENT_USER, VersionKey, 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr),
+        ERROR_SUCCESS);
+    ::RegCloseKey(key);
+    EXPECT_EQ(GetExcelInstallVersion(), u"");
+}
+
+TEST_F(ExcelVersion, AValueThatIsTooLongIsNone) {
+    Register(std::wstring(124, L'x') + L".7");
+    EXPECT_EQ(GetExcelInstallVersion(), u"7");
+    Register(std::wstring(125, L'x') + L".7");
+    EXPECT_EQ(GetExcelInstallVersion(), u"");
+}
+
+TEST_F(ExcelVersion, OtherTypesAreReadAsTheirBytes) {
+    const wchar_t unended[] = {L'a', L'.', L'9'};
+    Register(REG_SZ, unended, sizeof unended);
+    EXPECT_EQ(GetExcelInstallVersion(), u"9");
+    const DWORD number = 0x00360031;
+    Register(REG_DWORD, &number, sizeof number);
+    EXPECT_EQ(GetExcelInstallVersion(), u"16");
+    Register(REG_BINARY, "", 0);
+    EXPECT_EQ(GetExcelInstallVersion(), u"");
+}
+
+}  // namespace
