@@ -5,6 +5,7 @@
 #include "QsUtils/codes/CodeSort.h"
 #include "QsUtils/frame/Services.h"
 #include "QsUtils/material/MaterialDigest.h"
+#include "QsUtils/tasks/StartThread.h"
 #include "QsUtils/text/ChineseNumerals.h"
 #include "QsUtils/text/NumberText.h"
 #include "QsUtils/text/Segments.h"
@@ -192,4 +193,10 @@ void IQsUtils::ReplaceVarString(CString& text, const CString& variable, const CS
 
 CString IQsUtils::GetStreamMD5(CString const& strText) {
     return QsMaterial::StreamMd5(strText);
+}
+
+// --- Threads
+
+HANDLE IQsUtils::StartThread(QsThreadRoutine routine, void* parameter, CString name, std::uint32_t* id) {
+    return QsTasks::StartThread(routine, parameter, name, id);
 }

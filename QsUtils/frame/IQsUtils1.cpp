@@ -1,6 +1,8 @@
 // Forwards to the services: a facade does no work of its own.
 #include "QsUtils/frame/IQsUtils1.h"
 
+#include "QsUtils/frame/Log.h"
+#include "QsUtils/frame/LogRecord.h"
 #include "QsUtils/frame/Services.h"
 #include "QsUtils/material/MaterialDigest.h"
 #include "QsUtils/text/NumberText.h"
@@ -38,4 +40,12 @@ bool IQsUtils1::GetIndicatorsFactor(CString const& strFirst, CString const& strS
 
 CString IQsUtils1::GenerateMaterialMD5(CommonMaterialKey* pKey) {
     return QsMaterial::MaterialMd5(*pKey);
+}
+
+void IQsUtils1::RecordLogInfo(const CString& text, const CString& filePath) {
+    QsFrame::RecordLogInfo(text, filePath);
+}
+
+void IQsUtils1::LogError(const CString& text) {
+    QsFrame::LogMessage(text);
 }
