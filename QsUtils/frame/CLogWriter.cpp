@@ -1,8 +1,10 @@
 #include "QsUtils/frame/CLogWriter.h"
 
-#include <fmt/format.h>
+#include <charconv>
+#include <string>
 
 #include "QsUtils/frame/TextFile.h"
+#include "QsUtils/frame/TimeText.h"
 #include "QsUtils/platform/AppendedFile.h"
 #include "QsUtils/platform/CodePage.h"
 #include "QsUtils/platform/LocalTime.h"
@@ -18,11 +20,16 @@ namespace {
 /// What the products' own buffer for a path holds, in bytes, with its NUL.
 constexpr std::size_t PathBuffer = 256;
 
+/// With the line feed at its end, and the message's own, as they are in memory.
 std::string Line(std::string_view message) {
     const QsPlatform::LocalTime now = QsPlatform::LocalTimeNow().value_or(QsPlatform::LocalTime{});
-    return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}:{:03} TID:0x{:x} {}\n", now.year, now.month,
-                       now.day, now.hour, now.minute, now.second, now.millisecond,
-                       QsPlatform::CurrentThreadId(), message);
+    std::string line;
+    line.reserve(message.size() + 48);
+    AppendMoment(line, now);
+    AppendDecimals(line += ':', now.millisecond, 3);
+    char id[8];
+    const auto end = std::to_chars(id, id + sizeof id, QsPlatform::CurrentThreadId(), 16).ptr;
+    return ((line += " TID:0x").append(id, end) += ' ').append(message) += '\n';
 }
 
 /// Gives the file to write to, or the operation's result without one.

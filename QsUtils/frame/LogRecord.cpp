@@ -3,9 +3,8 @@
 #include <filesystem>
 #include <string>
 
-#include <fmt/format.h>
-
 #include "QsUtils/frame/TextFile.h"
+#include "QsUtils/frame/TimeText.h"
 #include "QsUtils/platform/AppendedFile.h"
 #include "QsUtils/platform/CodePage.h"
 #include "QsUtils/platform/LocalTime.h"
@@ -28,9 +27,9 @@ void RecordLogInfo(const CString& text, const CString& filePath) {
     const auto now = QsPlatform::LocalTimeNow();
     if (!now)
         throw CAtlException(CAtlException::InvalidArgument);
-    const std::string record =
-        fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}\t{}\r\n", now->year, now->month, now->day, now->hour,
-                    now->minute, now->second, QsPlatform::EncodeAnsi(UpToNul(text)));
+    std::string record;
+    AppendMoment(record, *now);
+    ((record += '\t') += QsPlatform::EncodeAnsi(UpToNul(text))) += "\r\n";
     const std::filesystem::path path = ToNativePath(CString(UpToNul(filePath)));
     QsPlatform::AppendedFile file(path);
     if (file.Opened() != QsPlatform::AppendedFile::State::Open)

@@ -15,6 +15,7 @@ void CQSThreadManager::DeleteTasks(TaskList& tasks) noexcept {
         m_pRecords->threads.LeaveTask(task);
         delete task;
     }
+    m_pRecords->threads.DropGone();
 }
 
 bool CQSThreadManager::IsQueued(const CThreadTask* task) const {

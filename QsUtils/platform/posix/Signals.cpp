@@ -2,7 +2,8 @@
 
 #include <new>
 
-#include "QsUtils/platform/Threads.h"
+#include <pthread.h>
+
 #include "QsUtils/platform/posix/HandleTable.h"
 
 namespace QsPlatform {
@@ -12,27 +13,25 @@ namespace {
 class Mutex final : public HandleObject {
 public:
     DWORD Wait(HandleLock& lock, const Deadline& deadline) override {
-        const std::uint32_t caller = CurrentThreadId();
-        while (m_owner != 0 && m_owner != caller)
-            if (!deadline.Await(m_change, lock) && m_owner != 0)
+        const pthread_t caller = ::pthread_self();
+        while (m_depth > 0 && m_owner != caller)
+            if (!deadline.Await(m_change, lock) && m_depth > 0)
                 return WAIT_TIMEOUT;
         m_owner = caller;
         ++m_depth;
         return WAIT_OBJECT_0;
     }
 
-    bool Release(std::uint32_t caller) {
-        if (m_owner != caller)
+    bool Release() {
+        if (m_depth == 0 || m_owner != ::pthread_self())
             return false;
-        if (--m_depth == 0) {
-            m_owner = 0;
+        if (--m_depth == 0)
             m_change.notify_one();
-        }
         return true;
     }
 
 private:
-    std::uint32_t m_owner = 0;  // a thread's id
+    pthread_t m_owner{};  // while it is taken; unlike the thread's id it costs no system call
     std::size_t m_depth = 0;
     std::condition_variable m_change;
 };
@@ -72,10 +71,9 @@ HANDLE NewMutex() noexcept {
 }
 
 bool ReleaseOwnedMutex(HANDLE handle) noexcept {
-    const std::uint32_t caller = CurrentThreadId();
     const HandleLock lock = LockHandles();
     auto* const mutex = dynamic_cast<Mutex*>(FindObject(lock, handle));
-    return mutex != nullptr && mutex->Release(caller);
+    return mutex != nullptr && mutex->Release();
 }
 
 HANDLE NewEvent() noexcept {
