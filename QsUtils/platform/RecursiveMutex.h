@@ -9,7 +9,7 @@ namespace QsPlatform {
 
 #if defined(_WIN32)
 /// Each `lock` needs its `unlock`. An `unlock` by a thread that doesn't own it does nothing.
-class QSUTILS_API RecursiveMutex {
+class RecursiveMutex {
 public:
     RecursiveMutex();
     RecursiveMutex(const RecursiveMutex&) = delete;

@@ -18,6 +18,8 @@ bool PluginCallService(std::size_t index);
 void PluginUseVariables();
 void PluginUseMajors();
 void PluginUseUnitDecimals();
+/// Makes the writer of the log, which has no folder to write to.
+void PluginUseLog();
 
 /// The analyser as the library hands it out.
 void* PluginAnalyser();
