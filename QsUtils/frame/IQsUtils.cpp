@@ -5,6 +5,7 @@
 #include "QsUtils/codes/CodeSort.h"
 #include "QsUtils/frame/Services.h"
 #include "QsUtils/material/MaterialDigest.h"
+#include "QsUtils/tasks/StartThread.h"
 #include "QsUtils/text/ChineseNumerals.h"
 #include "QsUtils/text/Files.h"
 #include "QsUtils/text/NumberText.h"
@@ -253,4 +254,10 @@ CString IQsUtils::YsTypeToString(eYsType eType) {
 
 eYsType IQsUtils::StringToYsType(CString const& strType) {
     return QsUi::StringToYsType(strType);
+}
+
+// --- Threads
+
+HANDLE IQsUtils::StartThread(QsThreadRoutine routine, void* parameter, CString name, std::uint32_t* id) {
+    return QsTasks::StartThread(routine, parameter, name, id);
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "QsUtils/platform/Api.h"
+#include "QsUtils/platform/Handles.h"
 #include "QsUtils/text/CString.h"
 #include "QsUtils/text/CStringArray.h"
 #include "QsUtils/ui/YsType.h"
@@ -191,6 +192,14 @@ public:
     static CString YsTypeToString(eYsType eType);
     /// The kind of that text, in the exact case; `eYsType_Normal` for any other text.
     static eYsType StringToYsType(CString const& strType);
+
+    // --- Threads
+
+    /// Starts a thread that runs `routine(parameter)` at once, writes its id to `id`, which may be null, and
+    /// tells the log with `name`. The handle is the caller's, who waits for it and closes it in any order;
+    /// closed early it leaves nothing behind either. Null, with the id 0, when there is no thread to be had
+    /// and for a null routine.
+    static HANDLE StartThread(QsThreadRoutine routine, void* parameter, CString name, std::uint32_t* id);
 
 private:
     /// As `RemoveRelativeDirectoryFromPath`, for every path.

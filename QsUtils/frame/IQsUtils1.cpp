@@ -4,6 +4,8 @@
 #include <new>
 
 #include "QsUtils/config/OverviewFile.h"
+#include "QsUtils/frame/Log.h"
+#include "QsUtils/frame/LogRecord.h"
 #include "QsUtils/frame/Services.h"
 #include "QsUtils/material/MaterialDigest.h"
 #include "QsUtils/text/NumberText.h"
@@ -114,4 +116,12 @@ void IQsUtils1::GetMarkList(CString const& strFolder, bool bQdMode, CString cons
 
 CString IQsUtils1::GetExcelInstallVersion() {
     return QsUi::GetExcelInstallVersion();
+}
+
+void IQsUtils1::RecordLogInfo(const CString& text, const CString& filePath) {
+    QsFrame::RecordLogInfo(text, filePath);
+}
+
+void IQsUtils1::LogError(const CString& text) {
+    QsFrame::LogMessage(text);
 }

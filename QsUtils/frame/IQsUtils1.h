@@ -124,4 +124,14 @@ public:
     /// The version number of the installed spreadsheet, "16" for instance; empty when there is none. On Linux
     /// that is one in the user's Wine prefix; see docs/open-budgets.md.
     static CString GetExcelInstallVersion();
+    // --- Logs. A failure to write is told to nobody.
+
+    /// Appends "<date> <time>\t<text>" to a file, in the ANSI code page; a record ends in CR CR LF. The file
+    /// is created when it is missing, its folder isn't. Nothing happens for an empty text or path. Callers on
+    /// several threads that share a file take turns by themselves. Raises `CAtlException` when the time can't
+    /// be told.
+    static void RecordLogInfo(const CString& text, const CString& filePath);
+    /// Writes a line to the module's log, `Log\Tallyman.log` beside the executable (see docs/log.md). The
+    /// text brings its level along: "[INFO]: ...", "[ERROR]: ...". Any thread may call it.
+    static void LogError(const CString& text);
 };

@@ -4,11 +4,15 @@
 #include "QsUtils/directory/CLibraryDirectory.h"
 #include "QsUtils/directory/CProjectDirectory.h"
 #include "QsUtils/expression/CExpressionAnalyse.h"
+#include "QsUtils/frame/CLogWriter.h"
 #include "QsUtils/frame/CQsUtilsApp.h"
 #include "QsUtils/frame/IQsUtils.h"
 #include "QsUtils/frame/LazyService.h"
+#include "QsUtils/frame/Log.h"
 #include "QsUtils/frame/Services.h"
 #include "QsUtils/library/CLibraryManager.h"
+#include "QsUtils/platform/CodePage.h"
+#include "QsUtils/platform/Threads.h"
 #include "QsUtils/xml/ToolTable.h"
 #include "QsUtils/xml/XmlPlatform.h"
 
@@ -23,6 +27,12 @@ struct LoadedUnitDecimals final : QsUnits::CUnitMantissa {
     LoadedUnitDecimals() { Load(FilePath()); }
 };
 
+// The first static object, and so the last to go: others close handles when they are destroyed.
+constinit const struct HandlesEnd {
+    constexpr HandlesEnd() noexcept {}
+    ~HandlesEnd() { QsPlatform::EndHandles(); }
+} theHandles;
+
 constinit QsFrame::ServiceHolder<LoadedMajors> theMajors;
 
 }  // namespace
@@ -31,6 +41,7 @@ CString IQsUtils::m_strSoftVersion;
 
 namespace {
 
+constinit QsFrame::ServiceHolder<QsFrame::CLogWriter> theLogWriter;
 CQsUtilsApp theApp;
 QsXml::ToolTable theXmlTools;
 constinit QsFrame::ServiceHolder<COprateString> theFormulaVariables;
@@ -115,6 +126,14 @@ namespace QsFrame {
 
 CExtraCostRead& ConfigurationReader() {
     return theConfigurationReader.Get();
+}
+
+void LogMessage(const CString& message) noexcept {
+    try {
+        const std::u16string_view text = message.View();
+        theLogWriter.Get().Write(QsPlatform::EncodeAnsi(text.substr(0, text.find(u'\0'))));
+    } catch (const std::exception&) {  // memory exhaustion: the line is lost
+    }
 }
 
 QsCodes::CConvertMajorAndCode& Majors() {

@@ -14,7 +14,8 @@ void RecursiveMutex::lock() noexcept {
 }
 
 void RecursiveMutex::unlock() noexcept {
-    if (--m_depth > 0)
+    // One step too many, or by somebody else, must not spoil the lock for good.
+    if (m_owner.load(std::memory_order_relaxed) != ThisThread() || --m_depth > 0)
         return;
     m_owner.store(0, std::memory_order_relaxed);
     m_lock.unlock();

@@ -9,8 +9,9 @@
 namespace QsPlatform {
 
 /// A mutex for `std::lock_guard` that the thread which holds it takes again at will, and that is free when it
-/// has been left as often. Constant-initialised, and with nothing to free at the end; so it serves where
-/// virtual functions of others are called with the lock held, and come back.
+/// has been left as often. An `unlock` by a thread that doesn't hold it does nothing. Constant-initialised,
+/// and with nothing to free at the end; so it serves where virtual functions of others are called with the
+/// lock held, and come back.
 class RecursiveMutex {
 public:
     constexpr RecursiveMutex() noexcept = default;

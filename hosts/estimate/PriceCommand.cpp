@@ -1,189 +1,42 @@
+#include <algorithm>
 #include <memory>
+#include <string>
+#include <thread>
+#include <vector>
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
-#include "BillBuilder.h"
-#include "BillReader.h"
+#include "BillPricing.h"
 #include "Commands.h"
-#include "Files.h"
-#include "Formula.h"
-#include "InputText.h"
-#include "Progress.h"
-#include "ProjectDocument.h"
-#include "Refusal.h"
-#include "Report.h"
-#include "Utf8.h"
+#include "PriceJobs.h"
 
 namespace Estimate {
 namespace {
 
-struct PriceOptions {
-    std::string bill;
-    std::string variables;
-    std::string output;
-    std::string area;
-    std::string name;
-    bool json = false;
-    bool csv = false;
-    bool mark = false;
-    bool features = false;
-};
-
-class PriceCommand {
-public:
-    PriceCommand(const PriceOptions& options, const Streams& streams)
-        : m_options(options), m_streams(streams) {}
-
-    int Run() {
-        if (!ReadTables())
-            return CannotRun;
-        m_report.features = m_options.features;
-        Summarize(m_report);
-        if (!Write())
-            return CannotRun;
-        return m_bad ? SomeBad : AllDone;
-    }
-
-private:
-    void Print(const Problems& problems) {
-        for (const Problem& problem : problems.found)
-            m_streams.err << ProblemText(problems.file, problem) << '\n';
-        m_bad = m_bad || problems.badRows > 0;
-    }
-
-    Problems& NewProblems(const std::string& file) {
-        return m_report.problems.emplace_back(Problems{file, {}, 0});
-    }
-
-    bool ReadTables() {
-        if (m_options.variables.empty())
-            return ReadProject();
-        const InputFile file = OpenOrRefuse(m_options.variables, m_streams);
-        if (file.stream == nullptr)
-            return false;
-        Problems& problems = NewProblems(file.name);
-        const std::string refusal = ReadVariables(*file.stream, m_variables, problems);
-        Print(problems);
-        return refusal.empty() ? ReadProject() : Refuse(m_streams, file.name + ": " + refusal);
-    }
-
-    bool ReadProject() {
-        InputFile file = OpenOrRefuse(m_options.bill, m_streams);
-        if (file.stream == nullptr)
-            return false;
-        const bool isDocument = IsMarkup(*file.stream);
-        if (isDocument && m_options.bill == "-")
-            return Refuse(m_streams, "a project in XML is read from a file");
-        Problems& problems = NewProblems(file.name);
-        std::string refusal;
-        {
-            Progress progress(m_streams.err, m_streams.errIsTerminal, file.size);
-            const auto show = [&](std::uint64_t bytes) { progress.Show(bytes); };
-            refusal = isDocument ? ReadDocument(file, problems, show) : ReadTable(file, problems, show);
-        }
-        Print(problems);
-        return refusal.empty() || Refuse(m_streams, refusal);
-    }
-
-    /// What the command line says about the project goes before what the project says itself.
-    std::string ReadOptions() {
-        m_report.name = m_options.name;
-        const std::string reason = m_options.area.empty() ? std::string() : SetArea(m_options.area);
-        return reason.empty() ? reason : "--area: " + reason;
-    }
-
-    std::string SetArea(const std::string& text) {
-        const FormulaResult area = Evaluate(FromUtf8(text), m_variables);
-        if (!area.valid)
-            return area.remarks.back().reason;
-        if (!(area.value > 0))
-            return "the area is not above 0";
-        m_report.area = area.value;
-        return {};
-    }
-
-    std::string ReadTable(const InputFile& file, Problems& problems, const ByteProgress& progress) {
-        if (std::string refusal = ReadOptions(); !refusal.empty())
-            return refusal;
-        const std::string refusal = ReadBill(*file.stream, m_variables, m_report.bill, problems, progress);
-        return refusal.empty() ? refusal : file.name + ": " + refusal;
-    }
-
-    std::string ReadDocument(InputFile& file, Problems& problems, const ByteProgress& progress) {
-        // Parsing takes a moment, and tells nothing while it lasts.
-        progress(0);
-        file.stream.reset();
-        const ProjectDocument document(m_options.bill);
-        if (document.root == nullptr)
-            return file.name + ": " + document.refusal;
-        ReadOwnVariables(*document.root, problems);
-        if (std::string refusal = ReadOptions(); !refusal.empty())
-            return refusal;
-        ReadHead(*document.root, problems);
-        const Columns columns(BillColumn::Specs);
-        BillBuilder builder(columns, m_variables, m_report.bill, problems);
-        const auto take = [&](const BillRow& row) { builder.Take(row); };
-        VisitBill(*document.root, take, file.size, progress);
-        builder.Finish();
-        return {};
-    }
-
-    void ReadOwnVariables(const XMLNode& root, Problems& problems) {
-        const Columns columns(VariableColumn::Specs);
-        Variables variables;
-        VisitVariables(root, [&](const VariableRow& row) { AddVariable(row, columns, variables, problems); });
-        m_variables.AddMissing(variables);
-    }
-
-    void ReadHead(const XMLNode& root, Problems& problems) {
-        if (m_report.name.empty())
-            m_report.name = AttributeText(root, ProjectName::Name);
-        const std::string area = AttributeText(root, ProjectName::Area);
-        if (area.empty() || m_report.area > 0)
-            return;
-        if (std::string reason = SetArea(area); !reason.empty()) {
-            problems.found.push_back({Severity::Error, {}, 0, "area", std::move(reason)});
-            m_bad = true;
-        }
-    }
-
-    void WriteReport(std::ostream& out) const {
-        if (m_options.json)
-            return WriteJson(out, m_report);
-        if (!m_options.csv)
-            return WriteText(out, m_report);
-        out << (m_options.mark ? "\xEF\xBB\xBF" : "");
-        WriteCsv(out, m_report);
-    }
-
-    bool Write() {
-        if (m_options.output.empty() || m_options.output == "-") {
-            WriteReport(m_streams.out);
-            return true;
-        }
-        const std::string failure =
-            WriteOutput(m_options.output, [this](std::ostream& out) { WriteReport(out); });
-        return failure.empty() || Refuse(m_streams, failure);
-    }
-
-    const PriceOptions& m_options;
-    const Streams& m_streams;
-    Variables m_variables;
-    Report m_report;
-    bool m_bad = false;
-};
+/// More threads than any machine has use for.
+constexpr unsigned MostJobs = 256;
 
 }  // namespace
 
 void AddPrice(CLI::App& app, const Streams& streams, int& status) {
-    auto options = std::make_shared<PriceOptions>();
+    struct Arguments {
+        PriceOptions options;
+        std::vector<std::string> bills;
+        unsigned jobs = std::max(std::thread::hardware_concurrency(), 1U);
+    };
+    auto arguments = std::make_shared<Arguments>();
+    PriceOptions* const options = &arguments->options;
     CLI::App* command = app.add_subcommand("price", "Price a bill of quantities");
     command
-        ->add_option("bill", options->bill,
-                     "The bill: CSV in UTF-8 or GBK, \"-\" for standard input, or a project in an XML file")
+        ->add_option("bill", arguments->bills,
+                     "The bill: CSV in UTF-8 or GBK, \"-\" for standard input, or a project in an XML file; "
+                     "several are priced at the same time")
         ->required();
+    command->add_option("--jobs", arguments->jobs, "How many of several bills are priced at a time")
+        ->check(CLI::Range(1U, MostJobs))
+        ->capture_default_str();
     command->add_option("--vars", options->variables,
                         "The variables of the formulas: CSV with name and value; they go before those of a "
                         "project");
@@ -196,7 +49,12 @@ void AddPrice(CLI::App& app, const Streams& streams, int& status) {
                         "The floor area in m2, a number or formula, for costs per m2");
     command->add_option("--name", options->name, "The project's name, for the report");
     command->add_option("-o,--output", options->output, "Write to this file instead of standard output");
-    command->callback([options, &streams, &status] { status = PriceCommand(*options, streams).Run(); });
+    command->callback([arguments, &streams, &status] {
+        PriceOptions& each = arguments->options;
+        each.bill = arguments->bills.front();
+        status = arguments->bills.size() == 1 ? PriceBill(each, streams)
+                                              : PriceBills(each, arguments->bills, arguments->jobs, streams);
+    });
 }
 
 }  // namespace Estimate

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <filesystem>
+#include <functional>
 #include <list>
 #include <map>
 #include <memory>
@@ -233,6 +234,50 @@ bool CallOpenBudgets() {
            IQsUtils1::GetExcelInstallVersion().GetLength() < 127;
 }
 
+bool CallLog() {
+    const XmlFile file;
+    IQsUtils1::LogError(u"[INFO]: a line");
+    IQsUtils1::RecordLogInfo(u"a line", file.Path());
+    const CTimeCostTracker tracker(u"work");
+    return std::filesystem::file_size(ToNativePath(file.Path())) == 19 + 1 + 6 + 3;
+}
+
+bool CallThreads() {
+    int answer = 0;
+    std::uint32_t id = 0;
+    const auto routine = [](void* place) -> std::uint32_t {
+        *static_cast<int*>(place) = 5;
+        return 0;
+    };
+    const HANDLE thread = IQsUtils::StartThread(routine, &answer, u"worker", &id);
+    if (thread == nullptr || WaitForSingleObject(thread, INFINITE) != WAIT_OBJECT_0)
+        return false;
+    CSLock lock;
+    const CSAutoLock hold(lock);
+    return CloseHandle(thread) != 0 && answer == 5 && id != 0;
+}
+
+bool CallTasks() {
+    class Task : public CThreadTask {
+    public:
+        using CThreadTask::CThreadTask;
+        std::int32_t ExecuteTask(int, std::function<void()>) override { return 5; }
+    };
+    struct Counter : ITaskResultNotify {
+        int good = 0;
+        void OnTaskSuccess(const CString&) override { ++good; }
+        void OnTaskFailed(const CString&, const CString&) override {}
+    } counter;
+    {
+        CQSThreadManager manager(true);
+        manager.SetParallelTaskCount(2);
+        manager.AddTaskThreadMgrObserver(&counter);
+        for (const char16_t* name : {u"a", u"b"})
+            manager.StartTask(new Task(&manager, name, nullptr));
+    }
+    return counter.good == 2;
+}
+
 struct Service {
     const char* name;
     bool (*call)();
@@ -264,6 +309,9 @@ constexpr std::array services = {
     Service{"extra costs", CallExtraCosts},
     Service{"overview", CallOverview},
     Service{"open budgets", CallOpenBudgets},
+    Service{"log", CallLog},
+    Service{"threads", CallThreads},
+    Service{"tasks", CallTasks},
 };
 
 }  // namespace
@@ -305,6 +353,10 @@ PLUGIN_EXPORT void PluginUseUnitDecimals() {
 PLUGIN_EXPORT void* PluginKeptBlock() {
     IQsUtils1::SetExtraCostData(u"key", IQsUtils1::AllocateExtraCostData(64));
     return IQsUtils1::GetExtraCostDataByKey(u"key");
+}
+
+PLUGIN_EXPORT void PluginUseLog() {
+    IQsUtils1::LogError(u"a line");
 }
 
 PLUGIN_EXPORT void* PluginAnalyser() {

@@ -19,6 +19,8 @@ void PluginUseVariables();
 void PluginUseConfigurationReader();
 void PluginUseMajors();
 void PluginUseUnitDecimals();
+/// Makes the writer of the log, which has no folder to write to.
+void PluginUseLog();
 
 /// A block of the host's own that the library has been given.
 void* PluginKeptBlock();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -13,3 +14,6 @@ struct ExportedSymbol {
 };
 
 std::vector<ExportedSymbol> ExportedSymbols(const std::filesystem::path& module);
+
+/// The functions of another system that the library brings along where they are missing.
+std::set<std::string> SystemNamesOfModule();

@@ -72,6 +72,12 @@ std::size_t WatchNotedBlocks(const char* event) noexcept {
     return count;
 }
 
+void WatchFirstNotedBlock(const char* event) noexcept {
+    isNoting = false;
+    if (noted.front() != nullptr)
+        WatchBlock(noted.front(), event);
+}
+
 }  // namespace EventProbe
 
 // The linker leads the module's calls of a wrapped function here, and gives the function itself its other

@@ -16,6 +16,8 @@ TEST_EXPORT void WatchBlock(const void* block, const char* event) noexcept;
 /// still in use and returns how many they are.
 TEST_EXPORT void BeginNotingBlocks() noexcept;
 TEST_EXPORT std::size_t WatchNotedBlocks(const char* event) noexcept;
+/// Instead of the second call: watches only the first block, which others were allocated for.
+TEST_EXPORT void WatchFirstNotedBlock(const char* event) noexcept;
 
 /// While this variable of the environment is set, the XML platform raises an error as soon as it has started.
 inline constexpr const char* failingXml = "QSUTILS_TEST_XML_FAILS";

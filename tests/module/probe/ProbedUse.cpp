@@ -26,6 +26,9 @@ TEST_EXPORT void ProbeUseLibrary() {
     EventProbe::WatchBlock(PluginSoftVersionUnits(), "soft version ends");
     WatchService(PluginUseMajors, "majors end");
     WatchService(PluginUseConfigurationReader, "configuration reader ends");
+    EventProbe::BeginNotingBlocks();
+    PluginUseLog();  // which also opens a handle
+    EventProbe::WatchFirstNotedBlock("log writer ends");
     WatchService(PluginUseVariables, "scanner of variables ends");
     WatchService(PluginUseUnitDecimals, "unit decimals end");
     if (PluginUseCompanion(PROBED_INSTALLATION) != 7)

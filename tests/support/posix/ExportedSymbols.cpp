@@ -16,3 +16,7 @@ std::vector<ExportedSymbol> ExportedSymbols(const std::filesystem::path& module)
     }
     return symbols;
 }
+
+std::set<std::string> SystemNamesOfModule() {
+    return {"CloseHandle(void*)", "WaitForSingleObject(void*, std::uint32_t)"};
+}

@@ -34,3 +34,7 @@ std::vector<ExportedSymbol> ExportedSymbols(const std::filesystem::path& module)
     ::FreeLibrary(handle);
     return symbols;
 }
+
+std::set<std::string> SystemNamesOfModule() {
+    return {};
+}

@@ -1,0 +1,167 @@
+#include "BillPricing.h"
+
+#include "BillBuilder.h"
+#include "BillReader.h"
+#include "Files.h"
+#include "Formula.h"
+#include "InputText.h"
+#include "Progress.h"
+#include "ProjectDocument.h"
+#include "Refusal.h"
+#include "Report.h"
+#include "Utf8.h"
+
+namespace Estimate {
+namespace {
+
+class BillPricing {
+public:
+    BillPricing(const PriceOptions& options, const Streams& streams)
+        : m_options(options), m_streams(streams) {}
+
+    int Run() {
+        if (!ReadTables())
+            return CannotRun;
+        m_report.features = m_options.features;
+        Summarize(m_report);
+        if (!Write())
+            return CannotRun;
+        return m_bad ? SomeBad : AllDone;
+    }
+
+private:
+    void Print(const Problems& problems) {
+        for (const Problem& problem : problems.found)
+            m_streams.err << ProblemText(problems.file, problem) << '\n';
+        m_bad = m_bad || problems.badRows > 0;
+    }
+
+    Problems& NewProblems(const std::string& file) {
+        return m_report.problems.emplace_back(Problems{file, {}, 0});
+    }
+
+    bool ReadTables() {
+        if (m_options.variables.empty())
+            return ReadProject();
+        const InputFile file = OpenOrRefuse(m_options.variables, m_streams);
+        if (file.stream == nullptr)
+            return false;
+        Problems& problems = NewProblems(file.name);
+        const std::string refusal = ReadVariables(*file.stream, m_variables, problems);
+        Print(problems);
+        return refusal.empty() ? ReadProject() : Refuse(m_streams, file.name + ": " + refusal);
+    }
+
+    bool ReadProject() {
+        InputFile file = OpenOrRefuse(m_options.bill, m_streams);
+        if (file.stream == nullptr)
+            return false;
+        const bool isDocument = IsMarkup(*file.stream);
+        if (isDocument && m_options.bill == "-")
+            return Refuse(m_streams, "a project in XML is read from a file");
+        Problems& problems = NewProblems(file.name);
+        std::string refusal;
+        {
+            Progress progress(m_streams.err, m_streams.errIsTerminal, file.size);
+            const auto show = [&](std::uint64_t bytes) { progress.Show(bytes); };
+            refusal = isDocument ? ReadDocument(file, problems, show) : ReadTable(file, problems, show);
+        }
+        Print(problems);
+        return refusal.empty() || Refuse(m_streams, refusal);
+    }
+
+    /// What the command line says about the project goes before what the project says itself.
+    std::string ReadOptions() {
+        m_report.name = m_options.name;
+        const std::string reason = m_options.area.empty() ? std::string() : SetArea(m_options.area);
+        return reason.empty() ? reason : "--area: " + reason;
+    }
+
+    std::string SetArea(const std::string& text) {
+        const FormulaResult area = Evaluate(FromUtf8(text), m_variables);
+        if (!area.valid)
+            return area.remarks.back().reason;
+        if (!(area.value > 0))
+            return "the area is not above 0";
+        m_report.area = area.value;
+        return {};
+    }
+
+    std::string ReadTable(const InputFile& file, Problems& problems, const ByteProgress& progress) {
+        if (std::string refusal = ReadOptions(); !refusal.empty())
+            return refusal;
+        const std::string refusal = ReadBill(*file.stream, m_variables, m_report.bill, problems, progress);
+        return refusal.empty() ? refusal : file.name + ": " + refusal;
+    }
+
+    std::string ReadDocument(InputFile& file, Problems& problems, const ByteProgress& progress) {
+        // Parsing takes a moment, and tells nothing while it lasts.
+        progress(0);
+        file.stream.reset();
+        const ProjectDocument document(m_options.bill);
+        if (document.root == nullptr)
+            return file.name + ": " + document.refusal;
+        ReadOwnVariables(*document.root, problems);
+        if (std::string refusal = ReadOptions(); !refusal.empty())
+            return refusal;
+        ReadHead(*document.root, problems);
+        const Columns columns(BillColumn::Specs);
+        BillBuilder builder(columns, m_variables, m_report.bill, problems);
+        const auto take = [&](const BillRow& row) { builder.Take(row); };
+        VisitBill(*document.root, take, file.size, progress);
+        builder.Finish();
+        return {};
+    }
+
+    void ReadOwnVariables(const XMLNode& root, Problems& problems) {
+        const Columns columns(VariableColumn::Specs);
+        Variables variables;
+        VisitVariables(root, [&](const VariableRow& row) { AddVariable(row, columns, variables, problems); });
+        m_variables.AddMissing(variables);
+    }
+
+    void ReadHead(const XMLNode& root, Problems& problems) {
+        if (m_report.name.empty())
+            m_report.name = AttributeText(root, ProjectName::Name);
+        const std::string area = AttributeText(root, ProjectName::Area);
+        if (area.empty() || m_report.area > 0)
+            return;
+        if (std::string reason = SetArea(area); !reason.empty()) {
+            problems.found.push_back({Severity::Error, {}, 0, "area", std::move(reason)});
+            m_bad = true;
+        }
+    }
+
+    void WriteReport(std::ostream& out) const {
+        if (m_options.json)
+            return WriteJson(out, m_report);
+        if (!m_options.csv)
+            return WriteText(out, m_report);
+        out << (m_options.mark ? "\xEF\xBB\xBF" : "");
+        WriteCsv(out, m_report);
+    }
+
+    bool Write() {
+        if (m_options.output.empty() || m_options.output == "-") {
+            WriteReport(m_streams.out);
+            return true;
+        }
+        const std::string failure =
+            WriteOutput(m_options.output, [this](std::ostream& out) { WriteReport(out); });
+        return failure.empty() || Refuse(m_streams, failure);
+    }
+
+    const PriceOptions& m_options;
+    const Streams& m_streams;
+    Variables m_variables;
+    Report m_report;
+    bool m_bad = false;
+};
+
+}  // namespace
+
+int PriceBill(const PriceOptions& options, const Streams& streams) {
+    return BillPricing(options, streams).Run();
+}
+
+}  // namespace Estimate

@@ -1,0 +1,194 @@
+#include "PriceJobs.h"
+
+#include <algorithm>
+#include <condition_variable>
+#include <cstdint>
+#include <exception>
+#include <filesystem>
+#include <functional>
+#include <mutex>
+#include <sstream>
+#include <system_error>
+#include <utility>
+
+#include <QsUtils/QsUtils.h>
+
+#include "Files.h"
+#include "Progress.h"
+#include "Refusal.h"
+
+namespace Estimate {
+namespace {
+
+/// One bill and what comes of it.
+struct Job {
+    PriceOptions options;
+    std::uint64_t bytes = 0;  ///< of its file
+    std::string report;
+    std::string messages = "estimate: no thread can be had\n";
+    int status = CannotRun;
+
+    void Run() {
+        std::istringstream in;
+        std::ostringstream out;
+        std::ostringstream err;
+        try {
+            status = PriceBill(options, {in, out, err, false});
+        } catch (const std::exception& error) {
+            err << "estimate: " << error.what() << '\n';
+        }
+        report = std::move(out).str();
+        messages = std::move(err).str();
+    }
+};
+
+/// Counts the tasks that are over.
+class Countdown {
+public:
+    explicit Countdown(std::size_t count) : m_left(count) {}
+    void Count() {
+        const std::lock_guard lock(m_lock);
+        --m_left;
+        m_change.notify_all();
+    }
+    void Await() {
+        std::unique_lock lock(m_lock);
+        m_change.wait(lock, [this] { return m_left == 0; });
+    }
+
+private:
+    std::mutex m_lock;
+    std::condition_variable m_change;
+    std::size_t m_left;
+};
+
+/// Tells the observer by its name that it is over; a task that got no thread tells nobody but its destructor.
+class JobTask final : public CThreadTask {
+public:
+    JobTask(CQSThreadManager& manager, const CString& name, Job& job, Countdown& countdown)
+        : CThreadTask(&manager, name, &job), m_countdown(countdown) {}
+    ~JobTask() override {
+        if (!m_hasRun)
+            m_countdown.Count();
+    }
+
+    std::int32_t ExecuteTask(int, std::function<void()>) override {
+        m_hasRun = true;
+        static_cast<Job*>(m_pParam)->Run();
+        return 1;
+    }
+
+private:
+    Countdown& m_countdown;
+    bool m_hasRun = false;
+};
+
+class PriceJobs final : public ITaskResultNotify {
+public:
+    PriceJobs(const PriceOptions& options, const std::vector<std::string>& bills, const Streams& streams)
+        : m_options(options), m_streams(streams), m_jobs(bills.size()), m_countdown(bills.size()) {
+        for (std::size_t i = 0; i < bills.size(); ++i) {
+            m_jobs[i].options = options;
+            m_jobs[i].options.bill = bills[i];
+            m_jobs[i].options.output.clear();
+            std::error_code ignored;
+            const std::filesystem::path path(std::u8string(bills[i].begin(), bills[i].end()));
+            const std::uintmax_t size = std::filesystem::file_size(path, ignored);
+            m_jobs[i].bytes = ignored ? 0 : size;
+            m_total += m_jobs[i].bytes;
+        }
+    }
+
+    int Run(unsigned jobs) {
+        RunJobs(jobs);
+        int status = AllDone;
+        for (const Job& job : m_jobs) {
+            m_streams.err << job.messages;
+            status = std::max(status, job.status);
+        }
+        return Write() ? status : CannotRun;
+    }
+
+    void OnTaskSuccess(const CString& name) override {
+        int index = 0;
+        IQsUtils::ParseToInteger(name, index);
+        m_done += m_jobs[static_cast<std::size_t>(index)].bytes;
+        m_progress->Show(m_done);
+        m_countdown.Count();
+    }
+    // What a job raises it keeps to itself.
+    void OnTaskFailed(const CString&, const CString&) override {}
+
+private:
+    void RunJobs(unsigned jobs) {
+        Progress progress(m_streams.err, m_streams.errIsTerminal, m_total);
+        m_progress = &progress;
+        progress.Show(0);
+        CQSThreadManager manager(false);
+        manager.SetParallelTaskCount(jobs);
+        manager.AddTaskThreadMgrObserver(this);
+        for (std::size_t i = 0; i < m_jobs.size(); ++i) {
+            CString name;
+            name.Format(u"%d", i);
+            manager.StartTask(new JobTask(manager, name, m_jobs[i], m_countdown));
+        }
+        m_countdown.Await();
+    }
+
+    void WriteReports(std::ostream& out) const {
+        const char* separator = m_options.json ? "[\n" : "";
+        for (const Job& job : m_jobs) {
+            if (job.status == CannotRun)
+                continue;
+            out << separator;
+            if (!m_options.json)
+                out << "==> " << job.options.bill << " <==\n";
+            out << job.report;
+            separator = m_options.json ? ",\n" : "\n";
+        }
+        if (m_options.json)
+            out << (*separator == '[' ? "[" : "") << "]\n";
+    }
+
+    bool Write() {
+        if (m_options.output.empty() || m_options.output == "-") {
+            WriteReports(m_streams.out);
+            return true;
+        }
+        const std::string failure =
+            WriteOutput(m_options.output, [this](std::ostream& out) { WriteReports(out); });
+        return failure.empty() || Refuse(m_streams, failure);
+    }
+
+    const PriceOptions& m_options;
+    const Streams& m_streams;
+    std::vector<Job> m_jobs;
+    Countdown m_countdown;
+    std::uint64_t m_total = 0;
+    std::uint64_t m_done = 0;
+    Progress* m_progress = nullptr;
+};
+
+/// Why several bills can't be priced so; empty when they can.
+std::string WhyNotSeveral(const PriceOptions& options, const std::vector<std::string>& bills) {
+    if (std::find(bills.begin(), bills.end(), "-") != bills.end() || options.variables == "-")
+        return "standard input is one file; it can't be read for several bills";
+    if (options.csv)
+        return "a CSV table holds one bill";
+    if (!options.name.empty() || !options.area.empty())
+        return "--name and --area are those of one bill";
+    return {};
+}
+
+}  // namespace
+
+int PriceBills(const PriceOptions& options, const std::vector<std::string>& bills, unsigned jobs,
+               const Streams& streams) {
+    if (const std::string reason = WhyNotSeveral(options, bills); !reason.empty()) {
+        Refuse(streams, reason);
+        return CannotRun;
+    }
+    return PriceJobs(options, bills, streams).Run(jobs);
+}
+
+}  // namespace Estimate

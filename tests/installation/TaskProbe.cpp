@@ -1,0 +1,107 @@
+// The host of the tests' installations for what writes the log: does what its arguments say, and writes each
+// answer on a line of its own. Arguments and answers are escaped.
+//   log TEXT       a line of the log
+//   track NAME     a tracker, and a copy of it, each of which reports
+//   assign A B     two trackers, of which the first is assigned to the second
+//   thread NAME    a thread; answers its id as the log writes it
+//   nothread       a thread that can't be had
+//   tasks          a run of the task manager through all that it logs
+#include <cstdio>
+#include <exception>
+#include <string>
+
+#include <QsUtils/QsUtils.h>
+
+#include "tests/support/Escapes.h"
+#include "tests/tasks/TestTasks.h"
+
+namespace {
+
+void Answer(const CString& text) {
+    std::puts(Escaped(text.View()).c_str());
+}
+
+std::uint32_t DoNothing(void*) {
+    return 0;
+}
+
+void RunThread(const CString& name, QsThreadRoutine routine) {
+    std::uint32_t id = 1;
+    const HANDLE thread = IQsUtils::StartThread(routine, nullptr, name, &id);
+    if (thread != nullptr) {
+        WaitForSingleObject(thread, INFINITE);
+        CloseHandle(thread);
+    }
+    CString text;
+    text.Format(u"0x%x", id);
+    Answer(text);
+}
+
+/// One task runs, one waits, one comes twice, and the waiting one is started by the first one's end.
+void RunTasks() {
+    Gate gate;
+    Journal told;
+    JournalObserver observer(told);
+    OpenManager manager(false);
+    manager.AddTaskThreadMgrObserver(&observer);
+    manager.SetParallelTaskCount(1);
+    manager.StartTask(new TestTask(manager, u"第一", [&] {
+        gate.Pass();
+        return 1;
+    }));
+    manager.StartTask(new TestTask(manager, u"second", [] { return 0; }));
+    manager.StartTask(new TestTask(manager, u"second", [] { return 0; }));
+    manager.EnterWaitQueue(new TestTask(manager, u"second", [] { return 0; }));
+    gate.Open();
+    told.Await(2);
+}
+
+class Arguments {
+public:
+    Arguments(int count, char** texts) : m_next(texts + 1), m_end(texts + count) {}
+
+    bool HasNext() const { return m_next != m_end; }
+    CString Next() { return HasNext() ? CString(Unescaped(*m_next++)) : CString(); }
+
+private:
+    char** m_next;
+    char** m_end;
+};
+
+bool Do(const CString& command, Arguments& arguments) {
+    if (command == u"log") {
+        IQsUtils1::LogError(arguments.Next());
+    } else if (command == u"track") {
+        const CTimeCostTracker tracker(arguments.Next());
+        const CTimeCostTracker copy(tracker);
+    } else if (command == u"assign") {
+        CTimeCostTracker first(arguments.Next());
+        CTimeCostTracker second(arguments.Next());
+        second = first;
+    } else if (command == u"thread") {
+        RunThread(arguments.Next(), DoNothing);
+    } else if (command == u"nothread") {
+        RunThread(u"none", nullptr);
+    } else if (command == u"tasks") {
+        RunTasks();
+    } else {
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        Arguments arguments(argc, argv);
+        while (arguments.HasNext()) {
+            if (!Do(arguments.Next(), arguments))
+                return 2;
+        }
+        return 0;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 1;
+    }
+}

@@ -1,0 +1,161 @@
+// Many tasks, many threads and many managers, for the sanitizers above all.
+#include <atomic>
+#include <memory>
+#include <random>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/Rounds.h"
+#include "tests/tasks/TestTasks.h"
+
+namespace {
+
+// Wine makes a thread in a millisecond, the other system in some microseconds.
+#if defined(_WIN32)
+constexpr int Share = 10;
+#else
+constexpr int Share = 1;
+#endif
+
+/// As many at each size, whatever the build; a sanitizer takes them all, since it is them that it is for.
+constexpr int TaskCount = 20'000 / Share;
+constexpr int ManagerCount = 1'000 / Share;
+constexpr int ClientCount = 8;
+
+struct CountingObserver : ITaskResultNotify {
+    std::atomic<int> good{0};
+    std::atomic<int> bad{0};
+    void OnTaskSuccess(const CString&) override { ++good; }
+    void OnTaskFailed(const CString&, const CString&) override { ++bad; }
+};
+
+CString NameOf(std::uint32_t number) {
+    CString name;
+    name.Format(u"short task %u", number);
+    return name;
+}
+
+void StartAndCancel(CQSThreadManager& manager, unsigned seed, std::atomic<int>& ran,
+                    std::atomic<int>& alive) {
+    std::mt19937 random(seed);
+    for (int i = 0; i < TaskCount / ClientCount; ++i) {
+        const CString name = NameOf(random() % 1024);
+        manager.StartTask(new TestTask(
+            manager, name,
+            [&ran, code = static_cast<std::int32_t>(random() % 4) - 1] {
+                ++ran;
+                return code;
+            },
+            &alive));
+        if (random() % 8 == 0)
+            manager.CancelTask(NameOf(random() % 1024));
+    }
+}
+
+class ManagerStress : public testing::TestWithParam<int> {};
+
+INSTANTIATE_TEST_SUITE_P(Limits, ManagerStress, testing::Values(1, 2, 10));
+
+TEST_P(ManagerStress, ShortTasksFromManyThreadsWithCancelsOfTheSameNames) {
+    CountingObserver observer;
+    std::atomic<int> ran{0};
+    std::atomic<int> alive{0};
+    {
+        CQSThreadManager manager(GetParam() % 2 == 0);
+        manager.SetParallelTaskCount(static_cast<std::uint64_t>(GetParam()));
+        manager.AddTaskThreadMgrObserver(&observer);
+        std::vector<std::thread> clients;
+        for (unsigned client = 0; client < ClientCount; ++client)
+            clients.emplace_back([&, client] { StartAndCancel(manager, client, ran, alive); });
+        for (std::thread& client : clients)
+            client.join();
+    }
+    EXPECT_EQ(alive, 0) << "every task has been deleted";
+    EXPECT_GT(ran, 0);
+    EXPECT_LE(observer.good + observer.bad, ran);
+    EXPECT_GT(observer.good, 0);
+    EXPECT_GT(observer.bad, 0);
+}
+
+TEST_P(ManagerStress, AllTasksOfAQueueRunOnce) {
+    CountingObserver observer;
+    std::atomic<int> ran{0};
+    CQSThreadManager manager(false);
+    manager.SetParallelTaskCount(static_cast<std::uint64_t>(GetParam()));
+    manager.AddTaskThreadMgrObserver(&observer);
+    for (std::uint32_t i = 0; i < TaskCount; ++i)
+        manager.StartTask(new TestTask(manager, NameOf(i), [&ran] { return ++ran; }));
+    while (observer.good < TaskCount)
+        std::this_thread::yield();
+    EXPECT_EQ(ran, TaskCount);
+}
+
+TEST(ManagerEnd, ManagersMayEndWhileTheirTasksDo) {
+    std::atomic<int> alive{0};
+    CountingObserver observer;
+    for (int round = 0; round < ManagerCount; ++round) {
+        CQSThreadManager manager(round % 2 == 0);
+        manager.SetParallelTaskCount(1 + static_cast<std::uint64_t>(round % 3));
+        manager.AddTaskThreadMgrObserver(&observer);
+        for (std::uint32_t i = 0; i < 4; ++i)
+            manager.StartTask(new TestTask(
+                manager, NameOf(i), [] { return 1; }, &alive));
+        for (int wait = round % 7; wait > 0; --wait)
+            std::this_thread::yield();
+    }
+    EXPECT_EQ(alive, 0);
+}
+
+TEST(ManagerEnd, ManyManagersEndTogether) {
+    std::atomic<int> alive{0};
+    for (int round = 0; round < ManagerCount / 20; ++round) {
+        std::vector<std::unique_ptr<CQSThreadManager>> managers;
+        for (int i = 0; i < 20; ++i) {
+            CQSThreadManager& manager = *managers.emplace_back(std::make_unique<CQSThreadManager>(false));
+            for (std::uint32_t task = 0; task < 3; ++task)
+                manager.StartTask(new TestTask(
+                    manager, NameOf(task), [] { return 0; }, &alive));
+        }
+    }
+    EXPECT_EQ(alive, 0);
+}
+
+TEST(ManagerEnd, ClientsMayCancelOneTaskTogether) {
+    std::atomic<int> alive{0};
+    for (int round = 0; round < 500 / Share; ++round) {
+        CQSThreadManager manager(false);
+        manager.StartTask(new TestTask(
+            manager, u"t",
+            [] {
+                std::this_thread::yield();
+                return 1;
+            },
+            &alive));
+        std::vector<std::thread> clients;
+        for (int client = 0; client < 3; ++client)
+            clients.emplace_back([&] { manager.CancelTask(u"t"); });
+        manager.CancelAllTask();
+        for (std::thread& client : clients)
+            client.join();
+        EXPECT_EQ(alive, 0);
+    }
+}
+
+// More threads than a process may have at once.
+TEST(ManagerEnd, HundredThousandTasksLeaveNothingBehind) {
+    CountingObserver observer;
+    CQSThreadManager manager(true);
+    manager.AddTaskThreadMgrObserver(&observer);
+    const int all = Rounds(100'000 / Share);
+    for (int i = 0; i < all; ++i) {
+        manager.StartTask(new TestTask(manager, NameOf(static_cast<std::uint32_t>(i)), [] { return 1; }));
+        if (i % 16 == 0)
+            std::this_thread::yield();
+    }
+    while (observer.good < all)
+        std::this_thread::yield();
+}
+
+}  // namespace

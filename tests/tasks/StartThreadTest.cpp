@@ -1,0 +1,52 @@
+// Threads that hosts start.
+#include <atomic>
+
+#include <gtest/gtest.h>
+
+#include "QsUtils/frame/IQsUtils.h"
+#include "QsUtils/platform/Threads.h"
+#include "QsUtils/tasks/StartThread.h"
+
+namespace {
+
+std::uint32_t StoreId(void* id) {
+    static_cast<std::atomic<std::uint32_t>*>(id)->store(QsPlatform::CurrentThreadId());
+    return 5;
+}
+
+TEST(StartThread, RunsAtOnceAndTellsItsId) {
+    std::atomic<std::uint32_t> own{0};
+    std::uint32_t id = 0;
+    const HANDLE thread = IQsUtils::StartThread(StoreId, &own, u"worker", &id);
+    ASSERT_NE(thread, nullptr);
+    EXPECT_EQ(WaitForSingleObject(thread, INFINITE), WAIT_OBJECT_0);
+    EXPECT_EQ(own, id);
+    EXPECT_NE(CloseHandle(thread), 0) << "the handle is the caller's";
+}
+
+TEST(StartThread, TheIdNeedntBeAskedFor) {
+    std::atomic<std::uint32_t> own{0};
+    const HANDLE thread = IQsUtils::StartThread(StoreId, &own, u"", nullptr);
+    WaitForSingleObject(thread, INFINITE);
+    EXPECT_NE(own, 0u);
+    CloseHandle(thread);
+}
+
+TEST(StartThread, WithoutAThreadThereIsNoHandleAndNoId) {
+    std::uint32_t id = 7;
+    EXPECT_EQ(IQsUtils::StartThread(nullptr, nullptr, u"none", &id), nullptr);
+    EXPECT_EQ(id, 0u);
+}
+
+TEST(StartThread, OnlyTheOtherValueCountsAsAFailure) {
+    std::uint32_t id = 7;
+    EXPECT_EQ(QsTasks::ReportStart(INVALID_HANDLE_VALUE, 3, 8, u"x", &id), nullptr);
+    EXPECT_EQ(id, 7u) << "left alone";
+    EXPECT_EQ(QsTasks::ReportStart(nullptr, 0, 8, u"x", &id), nullptr);
+    EXPECT_EQ(id, 0u);
+    int place = 0;
+    EXPECT_EQ(QsTasks::ReportStart(&place, 9, 0, u"x", &id), &place);
+    EXPECT_EQ(id, 9u);
+}
+
+}  // namespace
