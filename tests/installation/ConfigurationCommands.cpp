@@ -1,9 +1,10 @@
 // Commands about configuration files:
-//   init LIB FAMILY           whether the extra costs of a library are read
+//   take-up LIB FAMILY        whether the extra costs of a library are read
 //   options LIB FAMILY        its over-height options, joined by "|"; "null" without a list
 //   types LIB FAMILY          its extra cost types as "name=text", joined by "|"; "null" without a map
 //   kind LIB TYPE FAMILY      how a type applies its coefficient, as a number
-//   find FOLDER NAME TAIL     searches below a folder beside the program, and remembers the path; the answer
+//   find-kept FOLDER NAME TAIL  searches below a folder beside the program, and remembers the path; the
+//   answer
 //                             is what stands behind the program's folder
 //   fields                    the codes and numbers of the offered fields, joined by "|"
 //   fields-of FILE            those of a project's file beside the program
@@ -143,11 +144,11 @@ struct Command {
 };
 
 constexpr Command Commands[] = {
-    {u"init", Init},
+    {u"take-up", Init},
     {u"options", Options},
     {u"types", Types},
     {u"kind", Kind},
-    {u"find", Find},
+    {u"find-kept", Find},
     {u"fields", OfferedFields},
     {u"fields-of", ProjectFields},
     {u"add-fields", AddFields},

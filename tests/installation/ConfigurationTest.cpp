@@ -52,11 +52,11 @@ TEST(ExtraCosts, TheRoadOfARequest) {
     const CostLibraries libraries;
     libraries.Write("lib/13/k.mdb", "");
     libraries.Write("lib/13/k.ec", CostFile);
-    EXPECT_EQ(libraries.AskIt({u"kind",   u"k.mdb",   u"gao",   u"F",       u"kind",  u"k.mdb", u"xiu",
-                               u"F",      u"kind",    u"k.mdb", u"ye",      u"F",     u"kind",  u"k.mdb",
-                               u"number", u"F",       u"kind",  u"k.mdb",   u"none",  u"F",     u"kind",
-                               u"k.mdb",  u"unknown", u"F",     u"options", u"k.mdb", u"F",     u"types",
-                               u"k.mdb",  u"",        u"init",  u"k.mdb",   u"F"}),
+    EXPECT_EQ(libraries.AskIt({u"kind",   u"k.mdb",   u"gao",     u"F",       u"kind",  u"k.mdb", u"xiu",
+                               u"F",      u"kind",    u"k.mdb",   u"ye",      u"F",     u"kind",  u"k.mdb",
+                               u"number", u"F",       u"kind",    u"k.mdb",   u"none",  u"F",     u"kind",
+                               u"k.mdb",  u"unknown", u"F",       u"options", u"k.mdb", u"F",     u"types",
+                               u"k.mdb",  u"",        u"take-up", u"k.mdb",   u"F"}),
               (Answers{u"1", u"2", u"3", u"0", u"0", u"0", u"20m|30m",
                        u"gao=子目系数|none=|number=1.05|xiu=工程系数|ye=综合系数", u"yes"}));
 }
@@ -82,11 +82,12 @@ TEST(ExtraCosts, WhatIsMissingGivesNothing) {
     libraries.Write("lib/13/nopoint", "");
     libraries.Write("lib/13/x.ec", CostFile);
     for (const char16_t* library : {u"", u"alone.mdb", u"nopoint", u"missing.mdb", u"x.mdb"})
-        EXPECT_EQ(libraries.AskIt({u"init", library, u"F", u"options", library, u"F", u"types", library, u"F",
-                                   u"kind", library, u"gao", u"F"}),
+        EXPECT_EQ(libraries.AskIt({u"take-up", library, u"F", u"options", library, u"F", u"types", library,
+                                   u"F", u"kind", library, u"gao", u"F"}),
                   (Answers{u"no", u"null", u"null", u"0"}))
             << CString(library);
-    EXPECT_EQ(libraries.AskIt({u"init", u"x.ec", u"", u"init", u"x.ec", u"F"}), (Answers{u"no", u"yes"}));
+    EXPECT_EQ(libraries.AskIt({u"take-up", u"x.ec", u"", u"take-up", u"x.ec", u"F"}),
+              (Answers{u"no", u"yes"}));
 }
 
 TEST(ExtraCosts, AFileThatComesLaterIsFound) {
@@ -104,9 +105,9 @@ TEST(ExtraCosts, ASecondLibraryOfOneFileHasNoEntries) {
     libraries.Write("lib/13/k.lib", "");
     libraries.Write("lib/13/k.ec", CostFile);
     EXPECT_EQ(
-        libraries.AskIt({u"init", u"k.mdb", u"F",     u"init",    u"k.lib", u"F",     u"options", u"k.lib",
-                         u"F",    u"types", u"k.lib", u"F",       u"kind",  u"k.lib", u"gao",     u"F",
-                         u"init", u"k.lib", u"F",     u"options", u"k.mdb", u""}),
+        libraries.AskIt({u"take-up", u"k.mdb", u"F",     u"take-up", u"k.lib", u"F",     u"options", u"k.lib",
+                         u"F",       u"types", u"k.lib", u"F",       u"kind",  u"k.lib", u"gao",     u"F",
+                         u"take-up", u"k.lib", u"F",     u"options", u"k.mdb", u""}),
         (Answers{u"yes", u"yes", u"null", u"null", u"0", u"yes", u"20m|30m"}));
 }
 
@@ -114,12 +115,12 @@ TEST(ExtraCosts, AnUnparsableFileGivesNoEntries) {
     const CostLibraries libraries;
     libraries.Write("lib/13/k.mdb", "");
     libraries.Write("lib/13/k.ec", "<r>");
-    EXPECT_EQ(libraries.AskIt({u"init", u"k.mdb", u"F", u"options", u"k.mdb", u"F", u"types", u"k.mdb", u"F",
-                               u"kind", u"k.mdb", u"gao", u"F"}),
+    EXPECT_EQ(libraries.AskIt({u"take-up", u"k.mdb", u"F", u"options", u"k.mdb", u"F", u"types", u"k.mdb",
+                               u"F", u"kind", u"k.mdb", u"gao", u"F"}),
               (Answers{u"yes", u"null", u"null", u"0"}));
     // It has been taken up: what becomes of it later isn't seen.
-    EXPECT_EQ(libraries.AskIt(
-                  {u"init", u"k.mdb", u"F", u"write", u"lib/13/k.ec", u"<r/>", u"options", u"k.mdb", u"F"}),
+    EXPECT_EQ(libraries.AskIt({u"take-up", u"k.mdb", u"F", u"write", u"lib/13/k.ec", u"<r/>", u"options",
+                               u"k.mdb", u"F"}),
               (Answers{u"yes", u"null"}));
 }
 
@@ -128,7 +129,7 @@ TEST(ExtraCosts, AnEmptyFileGivesEmptyEntries) {
     libraries.Write("lib/13/k.mdb", "");
     libraries.Write("lib/13/k.ec", "<r/>");
     EXPECT_EQ(
-        libraries.AskIt({u"init", u"k.mdb", u"F", u"options", u"k.mdb", u"F", u"types", u"k.mdb", u"F"}),
+        libraries.AskIt({u"take-up", u"k.mdb", u"F", u"options", u"k.mdb", u"F", u"types", u"k.mdb", u"F"}),
         (Answers{u"yes", u"", u""}));
 }
 
@@ -136,8 +137,8 @@ TEST(ExtraCosts, ALibraryThatWasFoundByPathNeedsNoManager) {
     const ProbedInstallation installation;
     installation.Write("a/k.mdb", "");
     installation.Write("a/k.ec", CostFile);
-    EXPECT_EQ(installation.Ask(
-                  {u"init", u"k.mdb", u"F", u"find", u"a\\", u"k.mdb", u"", u"options", u"k.mdb", u""}),
+    EXPECT_EQ(installation.Ask({u"take-up", u"k.mdb", u"F", u"find-kept", u"a\\", u"k.mdb", u"", u"options",
+                                u"k.mdb", u""}),
               (Answers{u"no", u"a\\k.mdb", u"20m|30m"}));
 }
 
@@ -146,11 +147,12 @@ TEST(ExtraCosts, ASecondLibraryOfOneFileThatWasFoundByPathHasNoneEither) {
     installation.Write("a/k.mdb", "");
     installation.Write("a/k.lib", "");
     installation.Write("a/k.ec", CostFile);
-    EXPECT_EQ(installation.Ask({u"find",    u"a\\",   u"k.mdb", u"",        u"find",  u"a\\",   u"k.lib",
-                                u"",        u"init",  u"k.mdb", u"F",       u"init",  u"k.lib", u"",
-                                u"options", u"k.lib", u"F",     u"types",   u"k.lib", u"",      u"kind",
-                                u"k.lib",   u"gao",   u"F",     u"options", u"k.mdb", u""}),
-              (Answers{u"a\\k.mdb", u"a\\k.lib", u"yes", u"yes", u"null", u"null", u"0", u"20m|30m"}));
+    EXPECT_EQ(
+        installation.Ask({u"find-kept", u"a\\",     u"k.mdb", u"",        u"find-kept", u"a\\",   u"k.lib",
+                          u"",          u"take-up", u"k.mdb", u"F",       u"take-up",   u"k.lib", u"",
+                          u"options",   u"k.lib",   u"F",     u"types",   u"k.lib",     u"",      u"kind",
+                          u"k.lib",     u"gao",     u"F",     u"options", u"k.mdb",     u""}),
+        (Answers{u"a\\k.mdb", u"a\\k.lib", u"yes", u"yes", u"null", u"null", u"0", u"20m|30m"}));
 }
 
 TEST(ExtraCosts, TheLaterFindOfANameCounts) {
@@ -160,14 +162,14 @@ TEST(ExtraCosts, TheLaterFindOfANameCounts) {
         installation.Write(folder + "/k.ec",
                            "<r><Overheight><Value Name='" + folder + "'/></Overheight></r>");
     }
-    EXPECT_EQ(installation.Ask({u"find", u"a\\",     u"k.mdb", u"", u"find",    u"b\\",   u"k.mdb",
-                                u"",     u"options", u"k.mdb", u"", u"find",    u"a\\",   u"k.mdb",
-                                u"",     u"init",    u"k.mdb", u"", u"options", u"k.mdb", u""}),
+    EXPECT_EQ(installation.Ask({u"find-kept", u"a\\",     u"k.mdb", u"", u"find-kept", u"b\\",   u"k.mdb",
+                                u"",          u"options", u"k.mdb", u"", u"find-kept", u"a\\",   u"k.mdb",
+                                u"",          u"take-up", u"k.mdb", u"", u"options",   u"k.mdb", u""}),
               (Answers{u"a\\k.mdb", u"b\\k.mdb", u"b", u"a\\k.mdb", u"yes", u"b"}))
         << "a find out of the memory changes nothing";
-    EXPECT_EQ(installation.Ask({u"find", u"a\\",   u"k.mdb", u"",        u"options", u"k.mdb", u"",
-                                u"find", u"b\\",   u"k.mdb", u"",        u"options", u"k.mdb", u"",
-                                u"init", u"k.mdb", u"",      u"options", u"k.mdb",   u""}),
+    EXPECT_EQ(installation.Ask({u"find-kept", u"a\\",   u"k.mdb", u"",        u"options", u"k.mdb", u"",
+                                u"find-kept", u"b\\",   u"k.mdb", u"",        u"options", u"k.mdb", u"",
+                                u"take-up",   u"k.mdb", u"",      u"options", u"k.mdb",   u""}),
               (Answers{u"a\\k.mdb", u"a", u"b\\k.mdb", u"a", u"yes", u"b"}))
         << "another place fills the entries anew";
 }

@@ -145,13 +145,6 @@ TEST(OpenBudgets, ObjectsOfWrongSizes) {
     }
 }
 
-TEST(OpenBudgets, HalfAUnitAtTheEndIsNone) {
-    const CString key = Key(u"half");
-    const SharedObject object(NameOf(key), TextBytes(u"A&B") + "&");
-    EXPECT_EQ(IsYsOpen(key, u"A"), Yes());
-    EXPECT_EQ(IsYsOpen(key, u"B"), 0);
-}
-
 TEST(OpenBudgets, MoreThanTheLimitIsntRead) {
     const CString key = Key(u"limit");
     std::u16string text(QsPlatform::LargestSharedText / sizeof(char16_t) + 16, u'x');

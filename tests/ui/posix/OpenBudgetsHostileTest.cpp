@@ -58,6 +58,12 @@ TEST(SharedTextHostile, AnEmptyObjectHasAnEmptyText) {
     EXPECT_EQ(ReadSharedText(Text(name)), CString());
 }
 
+TEST(SharedTextHostile, HalfAUnitAtTheEndIsNone) {
+    const std::string name = Name("half");
+    const SharedObject object(name, TextBytes(u"A&B") + "&");
+    EXPECT_EQ(ReadSharedText(Text(name)), CString(u"A&B"));
+}
+
 TEST(SharedTextHostile, APipeIsntWaitedFor) {
     const std::string name = Name("pipe");
     const Path path(name);

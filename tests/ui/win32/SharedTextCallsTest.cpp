@@ -15,6 +15,8 @@ namespace {
 TEST(SharedTextCalls, EveryCallThatReachesTheObjectLeavesAHandle) {
     const SharedObject object("qsutils-test-handles", TextBytes(u"A&"));
     const std::size_t before = CountHandles();
+    if (before == 0)
+        GTEST_SKIP() << "this system doesn't count handles";
     for (int round = 0; round < 10; ++round)
         ReadSharedText(u"qsutils-test-handles");
     EXPECT_EQ(CountHandles(), before + (SharedObject::AreReached() ? 10 : 0));
