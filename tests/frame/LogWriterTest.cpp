@@ -1,8 +1,6 @@
 // The writer of the log.
 #include <cstdio>
 #include <filesystem>
-#include <regex>
-#include <set>
 #include <string>
 #include <thread>
 #include <vector>
@@ -14,6 +12,7 @@
 #include "QsUtils/platform/Threads.h"
 
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/TextForm.h"
 
 using QsFrame::CLogWriter;
 
@@ -45,9 +44,8 @@ std::string ThreadText() {
 
 TEST_F(LogWriter, ALineHasTheMomentTheThreadAndTheMessage) {
     EXPECT_EQ(Write("[INFO]: hello"), CLogWriter::Done);
-    const std::regex form(R"(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d:\d{3} TID:)" + ThreadText() +
-                          " \\[INFO\\]: hello\r\n");
-    EXPECT_TRUE(std::regex_match(Read(), form)) << Read();
+    EXPECT_TRUE(HasForm(Read(), "####-##-## ##:##:##:### TID:" + ThreadText() + " [INFO]: hello\r\n"))
+        << Read();
 }
 
 TEST_F(LogWriter, MomentsAreWrittenWithAllTheirZeros) {

@@ -1,8 +1,8 @@
 // An installation whose host writes the log.
 #pragma once
 
-#include <regex>
-#include <sstream>
+#include <algorithm>
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -10,6 +10,7 @@
 
 #include "tests/support/Escapes.h"
 #include "tests/support/Installation.h"
+#include "tests/support/TextForm.h"
 
 class ProbedLog : public Installation {
 public:
@@ -35,8 +36,18 @@ public:
 
     /// The log with the moment of each line left out, and the thread's id unless `isIdKept`.
     std::string Log(bool isIdKept = false) const {
-        static const char* const moment =
-            "\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d:\\d{3} TID:0x([0-9a-f]+) ";
-        return std::regex_replace(Read("Log/Tallyman.log"), std::regex(moment), isIdKept ? "[$1] " : "> ");
+        const std::string log = Read("Log/Tallyman.log");
+        std::string text;
+        for (std::size_t at = 0; at < log.size();) {
+            const std::string_view rest = std::string_view(log).substr(at);
+            const std::size_t head = FormLength(rest, LogHead).value_or(0);
+            const std::size_t id = rest.find('x') + 1;
+            if (head > 0)
+                text += isIdKept ? "[" + std::string(rest.substr(id, head - 1 - id)) + "] " : "> ";
+            const std::size_t end = std::min(rest.find('\n', head), rest.size() - 1) + 1;
+            text += rest.substr(head, end - head);
+            at += end;
+        }
+        return text;
     }
 };

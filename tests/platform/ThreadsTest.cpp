@@ -177,7 +177,7 @@ TEST(Threads, OnlyAThreadCanBeRun) {
 // not.
 TEST(Threads, EndedThreadsAreGone) {
     std::atomic<std::uint32_t> count{0};
-    const auto all = static_cast<std::uint32_t>(Rounds(70'000));
+    const auto all = static_cast<std::uint32_t>(Rounds(ThreadRounds(70'000)));
     for (std::uint32_t i = 0; i < all; ++i) {
         std::uint32_t id = 0;
         const HANDLE thread = StartRunningThread(Increment, &count, id);
@@ -193,7 +193,7 @@ TEST(Threads, EndedThreadsAreGone) {
 TEST(Threads, AHandleThatStaysOpenKeepsNoThread) {
     std::atomic<std::uint32_t> count{0};
     std::vector<HANDLE> handles;
-    for (int i = 0; i < Rounds(40'000); ++i) {
+    for (int i = 0; i < Rounds(ThreadRounds(40'000)); ++i) {
         std::uint32_t id = 0;
         handles.push_back(StartRunningThread(Increment, &count, id));
         ASSERT_NE(handles.back(), nullptr) << i;
@@ -209,7 +209,7 @@ TEST(Threads, ThreadsMayStartAndEndThreads) {
     std::vector<std::thread> hosts;
     for (int host = 0; host < 8; ++host)
         hosts.emplace_back([&count, host] {
-            for (int i = 0; i < Rounds(500); ++i) {
+            for (int i = 0; i < Rounds(ThreadRounds(500)); ++i) {
                 std::uint32_t id = 0;
                 const HANDLE thread = StartRunningThread(Increment, &count, id);
                 if ((i + host) % 3 != 0) {
@@ -220,7 +220,7 @@ TEST(Threads, ThreadsMayStartAndEndThreads) {
         });
     for (std::thread& host : hosts)
         host.join();
-    while (count < 8 * static_cast<std::uint32_t>(Rounds(500)))
+    while (count < 8 * static_cast<std::uint32_t>(Rounds(ThreadRounds(500))))
         std::this_thread::yield();
 }
 

@@ -12,3 +12,13 @@ constexpr int Rounds(int all) {
     return all;
 #endif
 }
+
+/// How many threads a test may make where it would make so many if they were cheap. Wine takes a millisecond
+/// or more for each, the other system some microseconds.
+constexpr int ThreadRounds(int all) {
+#if defined(_WIN32)
+    return all / 20;
+#else
+    return all;
+#endif
+}

@@ -246,7 +246,7 @@ private:
 };
 
 TEST(ManagerModel, RandomSequencesGiveTheSameStatesAndNotifications) {
-    for (int round = 0; round < Rounds(400) && !testing::Test::HasFailure(); ++round) {
+    for (int round = 0; round < Rounds(ThreadRounds(400)) && !testing::Test::HasFailure(); ++round) {
         const bool isLastFirst = round % 2 != 0;
         Comparison comparison(static_cast<unsigned>(round), isLastFirst);
         for (int step = 0; step < 120 && !testing::Test::HasFailure(); ++step)

@@ -12,16 +12,9 @@
 
 namespace {
 
-// Wine makes a thread in a millisecond, the other system in some microseconds.
-#if defined(_WIN32)
-constexpr int Share = 10;
-#else
-constexpr int Share = 1;
-#endif
-
 /// As many at each size, whatever the build; a sanitizer takes them all, since it is them that it is for.
-constexpr int TaskCount = 20'000 / Share;
-constexpr int ManagerCount = 1'000 / Share;
+constexpr int TaskCount = ThreadRounds(20'000);
+constexpr int ManagerCount = ThreadRounds(1'000);
 constexpr int ClientCount = 8;
 
 struct CountingObserver : ITaskResultNotify {
@@ -124,7 +117,7 @@ TEST(ManagerEnd, ManyManagersEndTogether) {
 
 TEST(ManagerEnd, ClientsMayCancelOneTaskTogether) {
     std::atomic<int> alive{0};
-    for (int round = 0; round < 500 / Share; ++round) {
+    for (int round = 0; round < ThreadRounds(500); ++round) {
         CQSThreadManager manager(false);
         manager.StartTask(new TestTask(
             manager, u"t",
@@ -148,7 +141,7 @@ TEST(ManagerEnd, HundredThousandTasksLeaveNothingBehind) {
     CountingObserver observer;
     CQSThreadManager manager(true);
     manager.AddTaskThreadMgrObserver(&observer);
-    const int all = Rounds(100'000 / Share);
+    const int all = Rounds(ThreadRounds(100'000));
     for (int i = 0; i < all; ++i) {
         manager.StartTask(new TestTask(manager, NameOf(static_cast<std::uint32_t>(i)), [] { return 1; }));
         if (i % 16 == 0)
