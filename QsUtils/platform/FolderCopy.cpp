@@ -1,9 +1,12 @@
 // What is in a folder copied into another one.
 #include <cstddef>
+#include <exception>
+#include <memory>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
+#include "QsUtils/platform/CopyCrew.h"
 #include "QsUtils/platform/FolderCopying.h"
 #include "QsUtils/platform/FolderCursor.h"
 #include "QsUtils/platform/FolderDeletion.h"
@@ -13,15 +16,47 @@ namespace QsPlatform {
 
 namespace {
 
+/// Files that one thread copies together.
+constexpr std::size_t BatchSize = 64;
+
 struct IdentityHash {
     std::size_t operator()(const FolderIdentity& folder) const noexcept {
         return static_cast<std::size_t>(folder.number * 31 + folder.device);
     }
 };
 
+/// A folder that is filled under another name; it gets its own one when the last of those who fill it lets
+/// go.
+class UnseenFolder {
+public:
+    UnseenFolder(const CString& targetPath, std::shared_ptr<const HeldFolder> parent, NativeName unseen,
+                 NativeName name)
+        : m_targetPath(targetPath),
+          m_parent(std::move(parent)),
+          m_unseen(std::move(unseen)),
+          m_name(std::move(name)) {}
+    UnseenFolder(const UnseenFolder&) = delete;
+    UnseenFolder& operator=(const UnseenFolder&) = delete;
+    ~UnseenFolder() {
+        try {
+            if (!RenameFolder(*m_parent, m_unseen, m_name))  // somebody else has taken the name
+                RemoveFolderTree(m_targetPath + u'\\' + CString(DecodeName(m_unseen)));
+        } catch (const std::exception&) {
+            return;  // out of memory
+        }
+    }
+
+private:
+    CString m_targetPath;
+    std::shared_ptr<const HeldFolder> m_parent;
+    NativeName m_unseen;
+    NativeName m_name;
+};
+
 class Copy {
 public:
-    Copy(const CString& source, const CString& target) : m_source(source), m_target(target) {}
+    Copy(const CString& source, const CString& target)
+        : m_source(source), m_target(target), m_targetPath(target) {}
 
     void Run() {
         if (!m_source.IsOpen())
@@ -37,6 +72,7 @@ public:
                 Enter(name);
             }
         }
+        m_crew.Finish();
     }
 
 private:
@@ -46,41 +82,74 @@ private:
         if (m_lost == 0)
             ++m_onWay[m_target.Identity()];
         std::vector<CopiedFile> files;
-        std::vector<NativeName>& folders = m_left.emplace_back();
+        std::vector<NativeName> folders;
         while (const TreeEntry* const entry = m_source.Next()) {
-            if (m_source.LeadsToFolder(*entry))
+            if (m_source.LeadsToFolder(*entry)) {
                 folders.emplace_back(entry->name);
-            else
-                files.push_back({NativeName(entry->name), entry->kind == TreeEntry::Kind::Link});
+                continue;
+            }
+            files.push_back({NativeName(entry->name), entry->kind == TreeEntry::Kind::Link});
+            if (files.size() == BatchSize)
+                CopyFiles(std::exchange(files, {}));
         }
-        for (const CopiedFile& file : files) {
-            if (m_lost == 0)
-                m_copier.Copy(*m_source.Hold(), file, *m_target.Hold(), false);
-            else
+        CopyFiles(std::move(files));
+        m_left.push_back(std::move(folders));
+    }
+
+    void CopyFiles(std::vector<CopiedFile> files) {
+        if (m_lost > 0) {
+            for (const CopiedFile& file : files)
                 MakeEntryWritable(*m_source.Hold(), file.name);
+        } else if (!files.empty()) {
+            m_crew.Copy({m_source.Hold(), m_target.Hold(), std::move(files), m_unseen});
         }
     }
 
     /// Makes a subfolder anew and goes down into it, on both sides.
     void Enter(const NativeName& name) {
-        if (m_lost == 0) {
-            RemoveSubfolder(m_target, name);
-            m_lost = m_target.IsOpen() ? 0 : m_left.size();
-        }
-        if (m_lost == 0)
-            m_target.MakeFolder(name);
+        const NativeName made = m_lost == 0 ? MakeAnew(name) : NativeName();
         if (!m_source.Enter(name, true)) {
             MakeEntryWritable(*m_source.Hold(), name);
+            ShowTarget();
             return;
         }
         if (!MayBeCopied()) {
             LeaveSource();
+            ShowTarget();
             return;
         }
         // The marks of the source are taken off also where nothing can be copied to.
-        if (m_lost > 0 || !m_target.Enter(name, false))
+        if (m_lost > 0 || !m_target.Enter(made, false))
             ++m_lost;
         Begin();
+    }
+
+    /// Gives the name under which the subfolder stands for the time being.
+    NativeName MakeAnew(const NativeName& name) {
+        // Nothing stands in a folder that has just been made.
+        if (m_unseen == nullptr && m_target.Has(name)) {
+            m_crew.Finish();  // what is removed may be what is still to be copied
+            RemoveSubfolder(m_target, name);
+            m_lost = m_target.IsOpen() ? 0 : m_left.size();
+        }
+        if (m_lost > 0)
+            return {};
+        if (m_unseen == nullptr && FillsFoldersUnseen() && !m_target.Has(name)) {
+            NativeName unseen = UnseenName();
+            if (m_target.MakeFolder(unseen)) {
+                m_unseen = std::make_shared<const UnseenFolder>(m_targetPath, m_target.Hold(), unseen, name);
+                m_unseenDepth = m_target.Depth();
+                return unseen;
+            }
+        }
+        m_target.MakeFolder(name);
+        return name;
+    }
+
+    /// Lets go of an unseen folder when the way is back at where it stands.
+    void ShowTarget() {
+        if (m_unseen != nullptr && (!m_target.IsOpen() || m_target.Depth() == m_unseenDepth))
+            m_unseen.reset();
     }
 
     void Leave() {
@@ -95,6 +164,7 @@ private:
             --m_lost;
         else if (!m_target.Leave())
             m_lost = m_left.size();
+        ShowTarget();
     }
 
     void LeaveSource() {
@@ -113,11 +183,14 @@ private:
 
     FolderCursor m_source;
     FolderCursor m_target;
-    FileCopier m_copier;
-    std::vector<std::vector<NativeName>> m_left;  // subfolders to be copied, by level
-    std::size_t m_lost = 0;                       // levels at the end of the way that have no target
+    CString m_targetPath;
+    std::shared_ptr<const UnseenFolder> m_unseen;  // in which the target's cursor stands
+    std::size_t m_unseenDepth = 0;                 // of the folder that it stands in
+    std::vector<std::vector<NativeName>> m_left;   // subfolders to be copied, by level
+    std::size_t m_lost = 0;                        // levels at the end of the way that have no target
     std::unordered_map<FolderIdentity, int, IdentityHash> m_onWay;
     std::unordered_map<FolderIdentity, int, IdentityHash> m_copies;
+    CopyCrew m_crew;  // the last one: it copies to the end before the others go
 };
 
 }  // namespace

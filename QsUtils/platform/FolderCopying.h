@@ -12,6 +12,16 @@ namespace QsPlatform {
 /// Takes the read-only mark off an entry that is no link.
 void MakeEntryWritable(const HeldFolder& folder, const NativeName& name);
 
+/// Whether a folder is filled under another name and gets its own one when it is whole, which is cheaper than
+/// giving each file its name. Not where anybody who looks into a file keeps its folder from being renamed.
+bool FillsFoldersUnseen() noexcept;
+
+/// A name under which a folder is filled.
+NativeName UnseenName();
+
+/// Gives a folder its own name; false when that is taken.
+bool RenameFolder(const HeldFolder& parent, const NativeName& from, const NativeName& to);
+
 struct CopiedFile {
     NativeName name;
     bool isLink = false;

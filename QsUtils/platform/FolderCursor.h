@@ -70,6 +70,9 @@ public:
     /// Whether an entry is a folder or a link that leads to one.
     bool LeadsToFolder(const TreeEntry& entry) const;
 
+    /// Whether the folder in which it stands has an entry of this name, be it a link that leads nowhere.
+    bool Has(const NativeName& name) const;
+
     // --- Entries of the folder it stands in. False when it can't be done.
 
     /// Removes a file that isn't marked as read-only, or a link of any kind, which isn't followed.

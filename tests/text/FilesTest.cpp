@@ -221,6 +221,29 @@ TEST(CopyFolderAllFiles, DoesAsThePlainOneOnRandomTrees) {
     }
 }
 
+// So many files that a second thread takes part.
+TEST(CopyFolderAllFiles, OfManyFilesDoesAsThePlainOne) {
+    const TemporaryFolder folder;
+    for (unsigned round = 0; round < 2; ++round) {
+        for (const char* root : {"ours", "plain"}) {
+            RandomTree tree(round);
+            for (int i = 0; i < 100; ++i) {
+                tree.Fill(folder, std::string(root) + "/s/" + std::to_string(i));
+                folder.Write(std::string(root) + "/s/file " + std::to_string(i), std::to_string(i));
+                if (i % 3 == 0)
+                    tree.Fill(folder, std::string(root) + "/t/" + std::to_string(i));
+            }
+        }
+        IQsUtils::CopyFolderAllFiles(At(folder, u"ours\\s"), At(folder, u"ours\\t"), round == 1);
+        PlainTrees::CopyFolderAllFiles(At(folder, u"plain\\s"), At(folder, u"plain\\t"), round == 1);
+        ASSERT_EQ(RandomTree::Picture(folder.File("ours")), RandomTree::Picture(folder.File("plain")))
+            << round;
+        MakeTreeWritable(folder.Path());
+        fs::remove_all(folder.File("ours"));
+        fs::remove_all(folder.File("plain"));
+    }
+}
+
 // --- Files
 
 TEST(IsFileExist, FindsFilesFoldersAndPatterns) {
@@ -362,6 +385,31 @@ TEST(FindPath, FindsAsThePlainOneOnRandomTrees) {
         MakeTreeWritable(folder.Path());
     }
     EXPECT_GT(finds, 100);
+}
+
+// So many folders that a second thread takes part.
+TEST(FindPath, InManyFoldersFindsAsThePlainOne) {
+    for (unsigned round = 0; round < 4; ++round) {
+        const TemporaryFolder folder;
+        RandomTree tree(round);
+        for (int i = 0; i < 120; ++i) {
+            tree.Fill(folder, "a/" + std::to_string(i), 3);
+            folder.Write("a/" + std::to_string(i) + "/only " + std::to_string(i), "");
+        }
+        folder.Write("a/found", "");
+        folder.Write(round % 2 == 0 ? "a/found behind" : "a/found behind/folder", "");
+        for (int question = 0; question < 100; ++question) {
+            const std::string name = question % 5 == 0   ? "found"
+                                     : question % 2 == 0 ? tree.Name()
+                                                         : "only " + std::to_string(tree.Random()() % 121);
+            const CString fileName = FromNativePath(fs::path(std::u8string(name.begin(), name.end())));
+            const CString tail = question % 3 == 0 ? CString(u"定额") : CString();
+            CString plain;
+            PlainTrees::FindPath(plain, At(folder, u"a\\"), fileName, tail);
+            ASSERT_EQ(Found(At(folder, u"a\\"), fileName, tail), plain) << round << ": " << name;
+        }
+        MakeTreeWritable(folder.Path());
+    }
 }
 
 }  // namespace

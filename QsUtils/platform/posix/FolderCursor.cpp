@@ -184,6 +184,11 @@ bool FolderCursor::LeadsToFolder(const TreeEntry& entry) const {
             ::fstatat(m_state->Folder(), entry.name.data(), &status, 0) == 0 && S_ISDIR(status.st_mode));
 }
 
+bool FolderCursor::Has(const NativeName& name) const {
+    struct stat status {};
+    return ::fstatat(m_state->Folder(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
 bool FolderCursor::Remove(const TreeEntry& entry) {
     struct stat status {};
     if (::fstatat(m_state->Folder(), entry.name.data(), &status, AT_SYMLINK_NOFOLLOW) != 0)

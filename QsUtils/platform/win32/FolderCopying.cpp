@@ -3,6 +3,8 @@
 #include "QsUtils/platform/win32/FileCopy.h"
 #include "QsUtils/platform/win32/HeldFolder.h"
 #include "QsUtils/platform/win32/LinkTarget.h"
+#include "QsUtils/platform/win32/TemporaryName.h"
+#include "QsUtils/platform/win32/Windows.h"
 
 namespace QsPlatform {
 
@@ -10,6 +12,18 @@ void MakeEntryWritable(const HeldFolder& folder, const NativeName& name) {
     const std::wstring path = folder.Entry(name);
     if (!IsLinkPath(path))
         SetNormal(path);
+}
+
+bool FillsFoldersUnseen() noexcept {
+    return false;
+}
+
+NativeName UnseenName() {
+    return TemporaryName();
+}
+
+bool RenameFolder(const HeldFolder& parent, const NativeName& from, const NativeName& to) {
+    return ::MoveFileExW(parent.Entry(from).c_str(), parent.Entry(to).c_str(), 0) != 0;
 }
 
 FileCopier::FileCopier() = default;  // the system has memory of its own for it

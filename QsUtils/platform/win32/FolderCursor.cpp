@@ -165,6 +165,10 @@ bool FolderCursor::LeadsToFolder(const TreeEntry& entry) const {
     return entry.leadsToFolder;
 }
 
+bool FolderCursor::Has(const NativeName& name) const {
+    return ::GetFileAttributesW((m_state->path + name).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
 bool FolderCursor::Remove(const TreeEntry& entry) {
     const std::wstring path = m_state->path + std::wstring(entry.name);
     return (entry.leadsToFolder ? ::RemoveDirectoryW(path.c_str()) : ::DeleteFileW(path.c_str())) != 0;

@@ -1,0 +1,62 @@
+// Files copied by two threads.
+#pragma once
+
+#include <condition_variable>
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "QsUtils/platform/FolderCopying.h"
+#include "QsUtils/platform/FolderCursor.h"
+#include "QsUtils/platform/HelperThread.h"
+
+namespace QsPlatform {
+
+/// Files of one folder that are copied together.
+struct CopyBatch {
+    std::shared_ptr<const HeldFolder> source;
+    std::shared_ptr<const HeldFolder> target;
+    std::vector<CopiedFile> files;
+    /// Held until all files of an unseen folder are copied; null for a folder that is seen.
+    std::shared_ptr<const void> unseen;
+};
+
+/// Copies batches in no order, on the caller's thread and, once there is enough of them, on one more: making
+/// a file is the kernel's work for the most part, and a second processor halves it. All are copied when the
+/// object goes. For one thread at a time.
+class CopyCrew {
+public:
+    CopyCrew() = default;
+    CopyCrew(const CopyCrew&) = delete;
+    CopyCrew& operator=(const CopyCrew&) = delete;
+    ~CopyCrew();
+
+    void Copy(CopyBatch batch);
+    /// Returns when all batches are copied.
+    void Finish();
+
+private:
+    /// Fewer files are copied before a thread has begun.
+    static constexpr std::size_t FilesWithoutHelp = 200;
+    /// The caller takes part when so many batches wait.
+    static constexpr std::size_t MostWaiting = 4;
+
+    static void CopyFiles(FileCopier& copier, const CopyBatch& batch);
+    bool CopyOneWaiting();
+    void Help() noexcept;
+
+    FileCopier m_copier;
+    std::size_t m_files = 0;
+    bool m_isHelpTried = false;
+
+    std::mutex m_mutex;
+    std::condition_variable m_change;
+    std::deque<CopyBatch> m_waiting;
+    bool m_isHelperBusy = false;
+    bool m_isOver = false;
+    HelperThread m_helper;
+};
+
+}  // namespace QsPlatform
