@@ -167,7 +167,7 @@ const TreeEntry* FolderCursor::Next() {
     unsigned char type = found->d_type;
     struct stat status {};
     if (type == DT_UNKNOWN && ::fstatat(m_state->Folder(), found->d_name, &status, AT_SYMLINK_NOFOLLOW) == 0)
-        type = IFTODT(status.st_mode);
+        type = static_cast<unsigned char>(IFTODT(status.st_mode));
     entry.kind = KindOf(type);
     return &entry;
 }
