@@ -6,13 +6,15 @@
 
 namespace QsPlatform {
 
-/// Whether the path names a folder that exists; a backslash at its end is allowed, and links are followed.
+/// Whether the path names a folder that exists; backslashes at its end are allowed, and links are followed.
 bool IsFolder(const CString& path);
 
-/// Makes one folder, whose parent must exist. False when it can't, also when anything of that name exists.
+/// Makes one folder, whose parent must exist; backslashes at the end are allowed. False when it can't, also
+/// when anything of that name exists.
 bool CreateFolder(const CString& path);
 
-/// Removes an empty folder. A link to a folder is removed itself, and what it leads to stays.
+/// Removes an empty folder; backslashes at the end are allowed. A link to a folder is removed itself, and
+/// what it leads to stays.
 bool RemoveFolder(const CString& path);
 
 }  // namespace QsPlatform

@@ -31,9 +31,10 @@ FileFailure FailureOf(int error, FileFailure missing) noexcept {
     }
 }
 
-FileDescriptor::~FileDescriptor() {
+void FileDescriptor::Reset(int number) noexcept {
     if (IsOpen())
         ::close(m_number);
+    m_number = number;
 }
 
 }  // namespace QsPlatform

@@ -1,6 +1,8 @@
 // The kernel's error numbers in the words of the contract, and a file descriptor that closes itself.
 #pragma once
 
+#include <utility>
+
 #include "QsUtils/platform/FileFailure.h"
 
 namespace QsPlatform {
@@ -10,13 +12,18 @@ FileFailure FailureOf(int error, FileFailure missing) noexcept;
 
 class FileDescriptor {
 public:
-    explicit FileDescriptor(int number) noexcept : m_number(number) {}
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-    ~FileDescriptor();
+    explicit FileDescriptor(int number = -1) noexcept : m_number(number) {}
+    FileDescriptor(FileDescriptor&& other) noexcept : m_number(std::exchange(other.m_number, -1)) {}
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+        Reset(std::exchange(other.m_number, -1));
+        return *this;
+    }
+    ~FileDescriptor() { Reset(-1); }
 
     int Number() const noexcept { return m_number; }
     bool IsOpen() const noexcept { return m_number >= 0; }
+    /// Closes the file and holds another one, or none.
+    void Reset(int number) noexcept;
 
 private:
     int m_number;
