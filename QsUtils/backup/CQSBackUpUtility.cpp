@@ -10,6 +10,7 @@
 #include "QsUtils/platform/Files.h"
 #include "QsUtils/platform/Folders.h"
 #include "QsUtils/platform/ProfileFile.h"
+#include "QsUtils/text/Files.h"
 #include "QsUtils/text/Numbers.h"
 
 using QsBackup::FolderReplacement;

@@ -114,13 +114,19 @@ POINT(TakesNone, unlinkat, (int base, const char* path, int flags), base, path, 
 POINT(TakesNone, unlink, (const char* path), path)
 POINT(TakesRoom, rename, (const char* from, const char* to), from, to)
 POINT(TakesRoom, renameat, (int fromBase, const char* from, int toBase, const char* to), fromBase, from, toBase, to)
-POINT(TakesRoom, fsync, (int file), file)
-POINT(TakesRoom, syncfs, (int file), file)
 POINT(TakesRoom, fallocate, (int file, int mode, off_t at, off_t size), file, mode, at, size)
 POINT(TakesRoom, ftruncate, (int file, off_t size), file, size)
 POINT(TakesNone, fchmod, (int file, mode_t mode), file, mode)
 POINT(TakesNone, fchmodat, (int base, const char* path, mode_t mode, int flags), base, path, mode, flags)
 POINT(TakesNone, fchown, (int file, uid_t owner, gid_t group), file, owner, group)
 POINT(TakesNone, futimens, (int file, const timespec* times), file, times)
+
+// Nothing of what is tested here survives a loss of power, so nothing needs to reach the disk.
+int __wrap_fsync(int) {
+    return Passes(TakesRoom) ? 0 : -1;
+}
+int __wrap_syncfs(int) {
+    return Passes(TakesRoom) ? 0 : -1;
+}
 
 }  // extern "C"
