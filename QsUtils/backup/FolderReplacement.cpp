@@ -44,8 +44,6 @@ CString Beside(const CString& folder, const char16_t* ending) {
     return folder.Left(at) + name + ending;
 }
 
-bool CopyX(const CString& a, const CString& b) { QsPlatform::CopyFolderContents(a, b); return true; }
-
 /// Moves what is in `from` into `to`, folder by folder, in place of what stands there.
 void MoveContents(const CString& from, const CString& to) {
     std::vector<CString> folders(1);
@@ -126,7 +124,7 @@ bool FolderReplacement::ReplaceByCopyOf(const CString& source) {
 }
 
 bool FolderReplacement::Copy(const CString& source) const {
-    if (!QsPlatform::CreateFolder(m_new) || !CopyX(source, m_new))
+    if (!QsPlatform::CreateFolder(m_new) || !QsPlatform::CopyToUnseenFolder(source, m_new))
         return false;
     // Once for all files, before the copy gets the name: flushing them one by one takes many times as long.
     QsPlatform::FlushFileSystem(m_new);
@@ -174,7 +172,7 @@ bool FolderReplacement::PutReadyInPlace() const {
 bool FolderReplacement::RewriteFromReady() const {
     QsPlatform::RemoveFolderTree(m_folder);
     QsPlatform::CreateFolder(m_folder);
-    if (!CopyX(m_ready, m_folder))
+    if (!QsPlatform::IsFolder(m_folder) || !QsPlatform::CopyFolderContents(m_ready, m_folder))
         return false;
     QsPlatform::FlushFileSystem(m_folder);
     RemoveCopy(m_ready);

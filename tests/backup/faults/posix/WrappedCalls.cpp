@@ -40,7 +40,7 @@ bool Passes(bool takesRoom) noexcept {
 
 /// Whether a folder bears the name of a version on its way in or out.
 bool IsVersionBeside(std::string_view path) noexcept {
-    return path.rfind(".qsutils-") != path.npos && path.rfind(".qsutils-") > path.rfind('/');
+    return path.substr(path.rfind('/') + 1).find(".qsutils-") != path.npos;
 }
 
 constexpr bool TakesRoom = true;

@@ -33,8 +33,7 @@ bool Passes(bool takesRoom) noexcept {
 
 /// Whether a folder bears the name of a version on its way in or out.
 bool IsVersionBeside(const std::wstring& path) {
-    const std::size_t at = path.rfind(L".qsutils-");
-    return at != path.npos && (path.rfind(L'\\') == path.npos || at > path.rfind(L'\\'));
+    return path.find(L".qsutils-", path.rfind(L'\\') + 1) != path.npos;
 }
 
 constexpr bool TakesRoom = true;
