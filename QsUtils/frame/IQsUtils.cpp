@@ -7,7 +7,9 @@
 #include "QsUtils/frame/Services.h"
 #include "QsUtils/material/MaterialDigest.h"
 #include "QsUtils/text/ChineseNumerals.h"
+#include "QsUtils/text/Files.h"
 #include "QsUtils/text/NumberText.h"
+#include "QsUtils/text/Paths.h"
 #include "QsUtils/text/Segments.h"
 
 IQsUtils::IQsUtils() = default;
@@ -187,6 +189,52 @@ void IQsUtils::ReplaceQWithProjectAmount(CString& text, const CString& amount) {
 
 void IQsUtils::ReplaceVarString(CString& text, const CString& variable, const CString& value) {
     QsFrame::FormulaVariables().ReplaceVarString(text, variable, value);
+}
+
+// --- Paths, folders and versions
+
+int IQsUtils::CreateFolderAllPath(const CString& path) {
+    return QsText::CreateFolderAllPath(path);
+}
+
+void IQsUtils::CopyFolderAllFiles(const CString& source, const CString& target, bool clearTarget) {
+    QsText::CopyFolderAllFiles(source, target, clearTarget);
+}
+
+bool IQsUtils::DeleteDirectory(const CString& path) {
+    return QsText::DeleteDirectory(path);
+}
+
+int IQsUtils::VersionBig(const CString& a, const CString& b, bool withThirdPart) {
+    return QsText::VersionBig(a, b, withThirdPart);
+}
+
+bool IQsUtils::IsFileExist(const CString& path) {
+    return QsText::IsFileExist(path);
+}
+
+bool IQsUtils::IsFileOpen(const CString& path) {
+    return QsText::IsFileOpen(path);
+}
+
+CString IQsUtils::PickFileNameFromPath(const CString& path) {
+    return QsText::PickFileNameFromPath(path);
+}
+
+CString IQsUtils::RemoveRelativeDirectoryFromPath(const CString& path) {
+    return QsText::RemoveRelativeDirectoryFromPath(path);
+}
+
+CString IQsUtils::RemoveRelativeDirectory(const CString& path) {
+    return QsText::RemoveRelativeDirectory(path);
+}
+
+void IQsUtils::FindPath(CString& found, const CString& folder, const CString& fileName, const CString& tail) {
+    QsText::FindPath(found, folder, fileName, tail);
+}
+
+CString IQsUtils::GetInitPath() {
+    return QsText::GetInitPath();
 }
 
 // --- Digest

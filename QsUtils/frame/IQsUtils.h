@@ -137,6 +137,45 @@ public:
     /// Puts `value` in place of each variable that equals `variable`, in the exact case.
     static void ReplaceVarString(CString& text, const CString& variable, const CString& value);
 
+    // --- Paths, folders and versions. Paths have backslashes on every system; a failure shows in the result
+    // alone. See docs/files.md.
+
+    /// Makes a folder and all folders above it that are missing: 1 if it exists at the end, 0 if not.
+    static int CreateFolderAllPath(const CString& path);
+    /// Copies what is in a folder into `target`: files over files, subfolders in place of those of their
+    /// names, which are emptied first. With `clearTarget` so is `target` itself, which is made when it isn't
+    /// there. Takes the read-only mark off everything in `source`. What can't be copied is left out and not
+    /// told. Every file is put in place whole.
+    static void CopyFolderAllFiles(const CString& source, const CString& target, bool clearTarget);
+    /// Removes a folder with all that is in it; true when it is gone. Files that are marked as read-only
+    /// stay, and so do the folders that hold them. Links are removed and not followed.
+    static bool DeleteDirectory(const CString& path);
+    /// Which of two dotted versions is bigger: 1 for `a`, -1 for `b`, 0 when they count as equal, by the
+    /// first two numbers or the first three. A version without a point has 0 as its first number and itself
+    /// as its second.
+    static int VersionBig(const CString& a, const CString& b, bool withThirdPart);
+    /// Whether a file or a folder of this path exists, or any that a pattern matches; false for a path that
+    /// ends in a backslash.
+    static bool IsFileExist(const CString& path);
+    /// Whether an existing file can't be opened for reading and writing by one alone: somebody holds it, it
+    /// is marked as read-only, or the right is missing. False for a file that doesn't exist.
+    static bool IsFileOpen(const CString& path);
+    /// The name of a file without its folder and its extension: "C:.tar.gz" gives "b.tar".
+    static CString PickFileNameFromPath(const CString& path);
+    /// Takes ".." and the part before it out of a path: "C:\.." gives "C:". A path without "." comes back
+    /// as it is. Raises `std::out_of_range` for a path that has a part "." or a last part ".." with a part to
+    /// take out.
+    static CString RemoveRelativeDirectoryFromPath(const CString& path);
+    /// Looks for a file or a folder of the exact name `fileName` in `folder`, which ends in a backslash, and
+    /// below it, depth first and in the order of names; `found` is its full path, or empty. With a `tail`,
+    /// only below a folder of that name. A find is lost when the entry behind it is a folder, and the search
+    /// goes on there.
+    static void FindPath(CString& found, const CString& folder, const CString& fileName, const CString& tail);
+    /// The folder in which file dialogs start: the value InitPath of section Path in SystemConfig.ini beside
+    /// the executable, at most 499 units and not checked; without it the folder "工程文件" there. The file is
+    /// read by every call.
+    static CString GetInitPath();
+
     // --- Save backup: the working copy of a project below "tempfile\" beside the executable. `strProjectFile` is
     // the full path of the project file; beside it stand the database, with the extension ".mdb", and the folder of
     // graphics, without any. Nothing tells of a failure; docs/backup.md says what is whole then. Projects of one file
@@ -160,4 +199,8 @@ public:
 
     /// The MD5 digest (RFC 1321) of the text's UTF-16LE bytes, as 32 lower-case hexadecimal digits.
     static CString GetStreamMD5(CString const& strText);
+
+private:
+    /// As `RemoveRelativeDirectoryFromPath`, for every path.
+    static CString RemoveRelativeDirectory(const CString& path);
 };

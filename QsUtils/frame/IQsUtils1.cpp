@@ -36,6 +36,11 @@ bool IQsUtils1::GetIndicatorsFactor(CString const& strFirst, CString const& strS
     return QsUnits::CIndicatorUnitTable::Instance().GetIndicatorsFactor(strFirst, strSecond, dFactor);
 }
 
+void IQsUtils1::FindPath(CString& strPath, CString const& strFolder, CString const& strFileName,
+                         CString const& strTail) {
+    QsFrame::ConfigurationReader().FindPath(strPath, strFolder, strFileName, strTail);
+}
+
 CString IQsUtils1::GenerateMaterialMD5(CommonMaterialKey* pKey) {
     return QsMaterial::MaterialMd5(*pKey);
 }

@@ -34,6 +34,11 @@ public:
     /// with a multiple in front: "m2" and "100m2" give 0.01. False, with 1.0, for units of different kinds.
     static bool GetIndicatorsFactor(CString const& strFirst, CString const& strSecond, double& dFactor);
 
+    /// `IQsUtils::FindPath` with a memory: a find is remembered by the exact folder, name and tail, and given
+    /// again without a look at the disk. What isn't found is searched for anew. For one thread at a time.
+    static void FindPath(CString& strPath, CString const& strFolder, CString const& strFileName,
+                         CString const& strTail);
+
     /// The digest of a material's identity, as 32 lower-case hexadecimal digits: its ten fields joined by
     /// tabs, the flags as "1" and "0", through `IQsUtils::GetStreamMD5`. `pKey` must not be null.
     static CString GenerateMaterialMD5(CommonMaterialKey* pKey);

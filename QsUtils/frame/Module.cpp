@@ -45,6 +45,7 @@ constinit QsFrame::ServiceHolder<COprateString> theFormulaVariables;
 constinit QsFrame::ServiceHolder<LoadedUnitDecimals> theUnitDecimals;
 
 // Ended by the end sequence, not by their own destructors.
+constinit QsFrame::LazyService<CExtraCostRead> theConfigurationReader;
 constinit QsFrame::LazyService<ExpressionAnalyse::CExpressionAnalyse> theExpressionAnalyser;
 
 // The last static object: when it is made, all others stand, and it is destroyed before any of them, on
@@ -63,6 +64,7 @@ bool CQsUtilsApp::InitInstance() {
 }
 
 int CQsUtilsApp::ExitInstance() {
+    theConfigurationReader.Destroy();
     theExpressionAnalyser.Destroy();
     theXmlTools.Clear();  // tools hold objects of the platform
     QsXml::EndXmlPlatform();
@@ -86,6 +88,10 @@ ToolTable& Tools() {
 }  // namespace QsXml
 
 namespace QsFrame {
+
+CExtraCostRead& ConfigurationReader() {
+    return theConfigurationReader.Get();
+}
 
 QsCodes::CConvertMajorAndCode& Majors() {
     return theMajors.Get();

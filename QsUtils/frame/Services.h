@@ -3,10 +3,14 @@
 #pragma once
 
 #include "QsUtils/codes/CConvertMajorAndCode.h"
+#include "QsUtils/config/CExtraCostRead.h"
 #include "QsUtils/expression/COprateString.h"
 #include "QsUtils/units/CUnitMantissa.h"
 
 namespace QsFrame {
+
+/// The configuration reader; the end sequence ends it first.
+CExtraCostRead& ConfigurationReader();
 
 /// The majors and their codes, loaded at the first call; they die with the static objects.
 QsCodes::CConvertMajorAndCode& Majors();

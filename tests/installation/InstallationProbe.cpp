@@ -4,6 +4,7 @@
 //   major CODE     the major of a code
 //   majors FIRST   all names of majors, appended to an array that holds FIRST, joined by "|"
 //   decimals UNIT  the decimals of a unit
+//   init           the folder in which file dialogs start, without the program's own folder in front
 //   write NAME T   writes a file beside the program, its bytes being the units of T; no answer
 #include <cstdio>
 #include <exception>
@@ -56,6 +57,12 @@ CString AllMajors(const CString& first) {
     return joined;
 }
 
+CString InitPath(const std::filesystem::path& program) {
+    CString path = IQsUtils::GetInitPath();
+    const CString folder = FromNativePath(std::filesystem::absolute(program).parent_path()) + u'\\';
+    return path.Left(folder.GetLength()) == folder ? u"beside: " + path.Mid(folder.GetLength()) : path;
+}
+
 void WriteBeside(const std::filesystem::path& program, const CString& name, const CString& units) {
     std::string bytes;
     for (const char16_t unit : units.View())
@@ -72,6 +79,8 @@ bool Do(const CString& command, const std::filesystem::path& program, Arguments&
         Answer(AllMajors(arguments.Next()));
     } else if (command == u"decimals") {
         Answer(IQsUtils::DoubleToCString(IQsUtils1::GetUnitMantissa(arguments.Next()), 0, false));
+    } else if (command == u"init") {
+        Answer(InitPath(program));
     } else if (command == u"write") {
         const CString name = arguments.Next();
         WriteBeside(program, name, arguments.Next());

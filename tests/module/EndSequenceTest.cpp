@@ -34,6 +34,7 @@ std::string EventsOfExit(const ProgramResult& result) {
 }
 
 constexpr const char* endOfModule =
+    "configuration reader ends\n"
     "analyser ends\n"
     "XML tool ends\n"
     "XML ends\n"

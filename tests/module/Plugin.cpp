@@ -105,6 +105,23 @@ bool CallPaths() {
     return FromNativePath(ToNativePath(u"\\opt\\app")) == u"\\opt\\app";
 }
 
+bool CallFiles() {
+    CString found = u"overwritten";
+    IQsUtils::FindPath(found, u"\\no such folder\\", u"x", u"");
+    return found.IsEmpty() && !IQsUtils::IsFileExist(u"no such file") &&
+           !IQsUtils::IsFileOpen(u"no such file") && !IQsUtils::DeleteDirectory(u"no such folder") &&
+           IQsUtils::CreateFolderAllPath(u".") == 1 && IQsUtils::PickFileNameFromPath(u"a\\b.c") == u"b" &&
+           IQsUtils::VersionBig(u"7.2", u"7.10", false) == -1 &&
+           IQsUtils::RemoveRelativeDirectoryFromPath(u"a\\..\\b") == u"b" &&
+           IQsUtils::GetInitPath().Right(4) == u"工程文件";
+}
+
+bool CallConfigurationReader() {
+    CString found = u"overwritten";
+    IQsUtils1::FindPath(found, u"\\no such folder\\", u"x", u"");
+    return found.IsEmpty();
+}
+
 /// A file that is this call's alone.
 class XmlFile {
 public:
@@ -168,6 +185,8 @@ constexpr std::array services = {
     Service{"majors", CallMajors},
     Service{"unit decimals", CallUnitDecimals},
     Service{"paths", CallPaths},
+    Service{"files", CallFiles},
+    Service{"configuration reader", CallConfigurationReader},
     Service{"XML trees", CallXmlTree},
     Service{"XML documents", CallXmlDocument},
 };
@@ -194,6 +213,10 @@ PLUGIN_EXPORT bool PluginCallService(std::size_t index) {
 
 PLUGIN_EXPORT void PluginUseVariables() {
     IQsUtils::IsVariable(u"A+1");
+}
+
+PLUGIN_EXPORT void PluginUseConfigurationReader() {
+    CallConfigurationReader();
 }
 
 PLUGIN_EXPORT void PluginUseMajors() {

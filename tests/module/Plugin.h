@@ -16,6 +16,7 @@ bool PluginCallService(std::size_t index);
 
 /// Calls that make one service each and nothing else that stays; there are no files for them to read.
 void PluginUseVariables();
+void PluginUseConfigurationReader();
 void PluginUseMajors();
 void PluginUseUnitDecimals();
 

@@ -1,12 +1,8 @@
 #include "QsUtils/platform/FileReplacement.h"
 
-#include <atomic>
 #include <cerrno>
-#include <cstdio>
-#include <ctime>
 #include <exception>
 #include <string>
-#include <system_error>
 #include <utility>
 
 #include <fcntl.h>
@@ -15,29 +11,13 @@
 
 #include "QsUtils/platform/NativePath.h"
 #include "QsUtils/platform/posix/FileErrors.h"
+#include "QsUtils/platform/posix/Replacing.h"
 
 namespace QsPlatform {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-/// As many as the kernel itself follows.
-constexpr int MostLinks = 40;
-/// Names tried for the new version before giving up.
-constexpr int MostNames = 1000;
-
-/// Where a chain of symbolic links ends, whether or not anything is there: what would be written to.
-FileFailure FollowLinks(fs::path& path) {
-    for (int links = 0; links < MostLinks; ++links) {
-        std::error_code error;
-        const fs::path next = fs::read_symlink(path, error);
-        if (error)
-            return FileFailure::None;
-        path = path.parent_path() / next;
-    }
-    return FileFailure::Other;
-}
 
 /// Whether the file at `path` may be replaced, and what its successor takes over from it. `exists` tells
 /// whether there is one.
@@ -55,42 +35,13 @@ FileFailure LookAtTarget(const fs::path& path, struct stat& status, bool& exists
     return FileFailure::None;
 }
 
-/// Gives the new version the owner and the permissions of the old one, as far as this user may.
-bool TakeOver(int file, const struct stat& status) {
-    // The owner first, because a change of owner takes special permissions away; those aren't passed on to
-    // another owner.
-    const bool owned = ::fchown(file, status.st_uid, status.st_gid) == 0;
-    if (!owned && ::fchown(file, static_cast<uid_t>(-1), status.st_gid) != 0)
-        return ::fchmod(file, status.st_mode & 0707) == 0;  // another group has no claim either
-    return ::fchmod(file, status.st_mode & (owned ? 07777 : 0777)) == 0;
-}
-
-/// A name that doesn't come from the file's own, which may be as long as a name can be.
-std::string TemporaryName() {
-    // Constant-initialised and never destroyed.
-    static constinit std::atomic<unsigned> count{0};
-    timespec now{};
-    ::clock_gettime(CLOCK_REALTIME, &now);
-    char name[80];
-    std::snprintf(name, sizeof(name), ".qsutils-%lx-%lx-%x.tmp", static_cast<unsigned long>(::getpid()),
-                  static_cast<unsigned long>(now.tv_nsec), count.fetch_add(1, std::memory_order_relaxed));
-    return name;
-}
-
-/// Makes an entry of a folder last; what can't be flushed is in place all the same.
-void FlushFolder(const fs::path& folder) noexcept {
-    const FileDescriptor entry(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (entry.IsOpen())
-        static_cast<void>(::fsync(entry.Number()));
-}
-
 }  // namespace
 
 bool FileReplacement::Begin(const CString& path) {
     m_target = ToNativePath(path);
     if (!m_target.has_filename() || m_target.native().find('\0') != std::string::npos)
         return Fail(FileFailure::Other);
-    if (const FileFailure failure = FollowLinks(m_target); failure != FileFailure::None)
+    if (const FileFailure failure = FollowLinks(AT_FDCWD, m_target); failure != FileFailure::None)
         return Fail(failure);
     struct stat status {};
     bool exists = false;
@@ -143,7 +94,7 @@ bool FileReplacement::Commit() noexcept {
     m_temporary.clear();
     try {
         const fs::path folder = m_target.parent_path();
-        FlushFolder(folder.empty() ? fs::path(".") : folder);
+        FlushFolder(AT_FDCWD, folder);
     } catch (const std::exception&) {
         return true;  // out of memory: in place, if not flushed
     }

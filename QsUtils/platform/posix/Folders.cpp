@@ -1,9 +1,13 @@
 #include "QsUtils/platform/Folders.h"
 
+#include <filesystem>
+#include <system_error>
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "QsUtils/platform/NativePath.h"
 #include "QsUtils/platform/posix/FolderPath.h"
 
 namespace QsPlatform {
@@ -13,6 +17,21 @@ bool IsFolder(const CString& path) {
     struct stat status {};
     return folder.IsGood() && ::fstatat(folder.Base(), folder.Rest(), &status, 0) == 0 &&
            S_ISDIR(status.st_mode);
+}
+
+bool IsRootFolder(const CString& path) {
+    const FolderPath folder(path);
+    struct stat own {};
+    struct stat root {};
+    return folder.IsGood() && ::fstatat(folder.Base(), folder.Rest(), &own, 0) == 0 &&
+           ::stat("/", &root) == 0 && own.st_dev == root.st_dev && own.st_ino == root.st_ino;
+}
+
+bool IsLink(const CString& path) {
+    const FolderPath entry(path);
+    struct stat status {};
+    return entry.IsGood() && ::fstatat(entry.Base(), entry.Rest(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+           S_ISLNK(status.st_mode);
 }
 
 bool CreateFolder(const CString& path) {
@@ -26,11 +45,17 @@ bool RemoveFolder(const CString& path) {
         return false;
     if (::unlinkat(folder.Base(), folder.Rest(), AT_REMOVEDIR) == 0)
         return true;
-    struct stat status {};
-    const bool isLink =
-        ::fstatat(folder.Base(), folder.Rest(), &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(status.st_mode);
-    return isLink && ::fstatat(folder.Base(), folder.Rest(), &status, 0) == 0 && S_ISDIR(status.st_mode) &&
-           ::unlinkat(folder.Base(), folder.Rest(), 0) == 0;
+    return IsLink(path) && IsFolder(path) && ::unlinkat(folder.Base(), folder.Rest(), 0) == 0;
+}
+
+CString AbsolutePath(const CString& path) {
+    if (path.Left(1) == u"\\" || path.Left(1) == u"/")
+        return path;
+    std::error_code error;
+    CString folder = FromNativePath(std::filesystem::current_path(error));
+    if (error)
+        return path;
+    return folder.Right(1) == u"\\" ? folder + path : folder + u'\\' + path;
 }
 
 }  // namespace QsPlatform

@@ -1,12 +1,13 @@
 #include "QsUtils/platform/FileReplacement.h"
 
 #include <algorithm>
-#include <atomic>
 #include <string>
 #include <utility>
 
 #include "QsUtils/platform/NativePath.h"
 #include "QsUtils/platform/win32/FileErrors.h"
+#include "QsUtils/platform/win32/LinkTarget.h"
+#include "QsUtils/platform/win32/TemporaryName.h"
 #include "QsUtils/platform/win32/Windows.h"
 
 namespace QsPlatform {
@@ -15,8 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Names tried for the new version before giving up.
-constexpr int MostNames = 1000;
 /// The most that one call writes.
 constexpr std::size_t LargestPart = std::size_t{1} << 26;
 /// What a new version takes over from the old one.
@@ -27,31 +26,6 @@ HANDLE HandleOf(std::intptr_t file) noexcept {
     return reinterpret_cast<HANDLE>(file);
 }
 
-/// Where a link leads to; the path itself when the system doesn't tell.
-fs::path FollowLink(const fs::path& path) {
-    const FileHandle file(::CreateFileW(path.c_str(), 0,
-                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                        OPEN_EXISTING, 0, nullptr));
-    if (!file.IsOpen())
-        return path;
-    std::wstring name(32768, L'\0');
-    const DWORD length =
-        ::GetFinalPathNameByHandleW(file.Get(), name.data(), static_cast<DWORD>(name.size()), 0);
-    if (length == 0 || length >= name.size())
-        return path;
-    name.resize(length);
-    return fs::path(std::move(name));
-}
-
-/// A name that doesn't come from the file's own, which may be as long as a name can be.
-std::wstring TemporaryName() {
-    // Constant-initialised and never destroyed.
-    static constinit std::atomic<unsigned> count{0};
-    return L".qsutils-" + std::to_wstring(::GetCurrentProcessId()) + L'-' +
-           std::to_wstring(::GetTickCount()) + L'-' +
-           std::to_wstring(count.fetch_add(1, std::memory_order_relaxed)) + L".tmp";
-}
-
 }  // namespace
 
 bool FileReplacement::Begin(const CString& path) {
@@ -60,7 +34,7 @@ bool FileReplacement::Begin(const CString& path) {
         return Fail(FileFailure::Other);
     DWORD attributes = ::GetFileAttributesW(m_target.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
-        m_target = FollowLink(m_target);
+        m_target = fs::path(FollowLink(m_target.native()));
         attributes = ::GetFileAttributesW(m_target.c_str());
     }
     const bool exists = attributes != INVALID_FILE_ATTRIBUTES;

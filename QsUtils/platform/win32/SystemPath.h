@@ -11,4 +11,8 @@ namespace QsPlatform {
 /// lifts the limit. Empty when it holds a NUL, which no path has.
 std::wstring SystemPath(const CString& path);
 
+/// The same in full and with the prefix, also when it is short, so that more can be put behind it. Empty for
+/// an empty path as well.
+std::wstring UnlimitedPath(const CString& path);
+
 }  // namespace QsPlatform

@@ -25,6 +25,7 @@ TEST_EXPORT void ProbeUseLibrary() {
     PluginSetSoftVersion(u"a version text that is too long for the object itself");
     EventProbe::WatchBlock(PluginSoftVersionUnits(), "soft version ends");
     WatchService(PluginUseMajors, "majors end");
+    WatchService(PluginUseConfigurationReader, "configuration reader ends");
     WatchService(PluginUseVariables, "scanner of variables ends");
     WatchService(PluginUseUnitDecimals, "unit decimals end");
     EventProbe::WatchBlock(PluginAnalyser(), "analyser ends");

@@ -1,0 +1,37 @@
+// How one entry is copied from a held folder into another: contract of what `CopyFolderContents` stands on.
+// Any thread may call it.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+
+#include "QsUtils/platform/FolderCursor.h"
+
+namespace QsPlatform {
+
+/// Takes the read-only mark off an entry that is no link.
+void MakeEntryWritable(const HeldFolder& folder, const NativeName& name);
+
+struct CopiedFile {
+    NativeName name;
+    bool isLink = false;
+};
+
+/// Copies files one after the other, through memory of its own.
+class FileCopier {
+public:
+    FileCopier();
+    FileCopier(const FileCopier&) = delete;
+    FileCopier& operator=(const FileCopier&) = delete;
+    ~FileCopier();
+
+    /// Copies a file under its name, as `CopyOneFile` does. What isn't a link loses its read-only mark first.
+    /// Files of an `isUnseen` target, which has no name of its own yet and was empty, are written straight to
+    /// their names.
+    bool Copy(const HeldFolder& source, const CopiedFile& file, const HeldFolder& target, bool isUnseen);
+
+private:
+    std::unique_ptr<char[]> m_buffer;
+};
+
+}  // namespace QsPlatform

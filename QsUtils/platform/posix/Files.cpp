@@ -1,0 +1,71 @@
+#include "QsUtils/platform/Files.h"
+
+#include <memory>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "QsUtils/platform/posix/FileCopy.h"
+#include "QsUtils/platform/posix/FileErrors.h"
+#include "QsUtils/platform/posix/FolderPath.h"
+
+namespace QsPlatform {
+
+namespace {
+
+/// What the path names, without following it if it is a link; false for what can't be a file's path.
+bool LookAtEntry(const FolderPath& path, struct stat& status) {
+    return path.IsGood() && !path.EndsAsFolder() &&
+           ::fstatat(path.Base(), path.Rest(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
+/// Whether a lease on the whole file is given, which the kernel does only while nobody else holds it open.
+bool IsLeased(int file) {
+    if (::fcntl(file, F_SETLEASE, F_WRLCK) != 0)
+        return false;
+    ::fcntl(file, F_SETLEASE, F_UNLCK);
+    return true;
+}
+
+}  // namespace
+
+bool RemoveFile(const CString& path) {
+    const FolderPath file(path);
+    struct stat status {};
+    if (!LookAtEntry(file, status) || S_ISDIR(status.st_mode))
+        return false;
+    return (S_ISLNK(status.st_mode) || (status.st_mode & S_IWUSR) != 0) &&
+           ::unlinkat(file.Base(), file.Rest(), 0) == 0;
+}
+
+bool MakeWritable(const CString& path) {
+    const FolderPath entry(path);
+    struct stat status {};
+    if (!entry.IsGood() || ::fstatat(entry.Base(), entry.Rest(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return false;
+    return S_ISLNK(status.st_mode) || (status.st_mode & S_IWUSR) != 0 ||
+           ::fchmodat(entry.Base(), entry.Rest(), (status.st_mode & 07777) | S_IWUSR, 0) == 0;
+}
+
+bool CopyOneFile(const CString& source, const CString& target) {
+    const FolderPath from(source);
+    const FolderPath to(target);
+    if (!from.IsGood() || from.EndsAsFolder() || !to.IsGood() || to.EndsAsFolder())
+        return false;
+    const std::unique_ptr<char[]> buffer(new char[CopyBufferSize]);
+    return CopyBetween({from.Base(), from.Rest()}, {to.Base(), to.Rest()}, {}, buffer.get());
+}
+
+bool IsHeldElsewhere(const CString& path) {
+    const FolderPath place(path);
+    struct stat status {};
+    if (!place.IsGood() || place.EndsAsFolder() || ::fstatat(place.Base(), place.Rest(), &status, 0) != 0 ||
+        !S_ISREG(status.st_mode) || (status.st_mode & S_IWUSR) == 0)
+        return true;
+    const FileDescriptor file(
+        ::openat(place.Base(), place.Rest(), O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    return !file.IsOpen() || !IsLeased(file.Number());
+}
+
+}  // namespace QsPlatform

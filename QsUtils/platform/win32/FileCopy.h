@@ -1,0 +1,15 @@
+// One file copied from one place to another.
+#pragma once
+
+#include <string>
+
+namespace QsPlatform {
+
+/// As `CopyOneFile` does, with paths that the system's calls take. A file of an unseen target is written
+/// straight to its name.
+bool CopyBetween(const std::wstring& source, std::wstring target, bool isTargetUnseen);
+
+/// Takes the read-only mark off, and with it all others.
+bool SetNormal(const std::wstring& path);
+
+}  // namespace QsPlatform

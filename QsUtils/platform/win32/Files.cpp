@@ -1,0 +1,30 @@
+#include "QsUtils/platform/Files.h"
+
+#include "QsUtils/platform/win32/FileCopy.h"
+#include "QsUtils/platform/win32/FileErrors.h"
+#include "QsUtils/platform/win32/LinkTarget.h"
+#include "QsUtils/platform/win32/SystemPath.h"
+#include "QsUtils/platform/win32/Windows.h"
+
+namespace QsPlatform {
+
+bool RemoveFile(const CString& path) {
+    return ::DeleteFileW(SystemPath(path).c_str()) != 0;
+}
+
+bool MakeWritable(const CString& path) {
+    const std::wstring entry = SystemPath(path);
+    return IsLinkPath(entry) || SetNormal(entry);
+}
+
+bool CopyOneFile(const CString& source, const CString& target) {
+    return CopyBetween(SystemPath(source), SystemPath(target), false);
+}
+
+bool IsHeldElsewhere(const CString& path) {
+    const FileHandle file(::CreateFileW(SystemPath(path).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return !file.IsOpen();
+}
+
+}  // namespace QsPlatform

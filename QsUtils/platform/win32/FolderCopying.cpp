@@ -1,0 +1,26 @@
+#include "QsUtils/platform/FolderCopying.h"
+
+#include "QsUtils/platform/win32/FileCopy.h"
+#include "QsUtils/platform/win32/HeldFolder.h"
+#include "QsUtils/platform/win32/LinkTarget.h"
+
+namespace QsPlatform {
+
+void MakeEntryWritable(const HeldFolder& folder, const NativeName& name) {
+    const std::wstring path = folder.Entry(name);
+    if (!IsLinkPath(path))
+        SetNormal(path);
+}
+
+FileCopier::FileCopier() = default;  // the system has memory of its own for it
+
+FileCopier::~FileCopier() = default;
+
+bool FileCopier::Copy(const HeldFolder& source, const CopiedFile& file, const HeldFolder& target,
+                      bool isUnseen) {
+    if (!file.isLink)
+        SetNormal(source.Entry(file.name));
+    return CopyBetween(source.Entry(file.name), target.Entry(file.name), isUnseen);
+}
+
+}  // namespace QsPlatform
