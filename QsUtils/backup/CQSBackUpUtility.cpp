@@ -6,6 +6,7 @@
 #include "QsUtils/backup/BackUpNames.h"
 #include "QsUtils/backup/FolderReplacement.h"
 #include "QsUtils/backup/ProjectPlaces.h"
+#include "QsUtils/platform/AbandonedVersions.h"
 #include "QsUtils/platform/ExecutableFolder.h"
 #include "QsUtils/platform/Files.h"
 #include "QsUtils/platform/Folders.h"
@@ -41,8 +42,9 @@ void WriteVersion(const ProjectPlaces& places, const CString& key, const CString
     QsPlatform::WriteProfileValue(places.versions, QsBackup::VersionSection, key, version);
 }
 
-// A saved graphic folder that couldn't be renewed, for want of room, is behind what the version file says: it may be
-// older than the last save, or that of another project of the same name. A mark beside it tells so from then on.
+// A saved graphic folder that couldn't be renewed, for want of room, is behind what the version file says: it
+// may be older than the last save, or that of another project of the same name. A mark beside it tells so
+// from then on.
 
 CString MarkOfBehind(const ProjectPlaces& places) {
     return places.savedGraphics + u".qsutils-behind";
@@ -63,6 +65,9 @@ void RenewSavedGraphics(const ProjectPlaces& places) {
 void Recover(const ProjectPlaces& places) {
     FolderReplacement(places.savedGraphics).Recover();
     FolderReplacement(places.graphics).Recover();
+    QsPlatform::RemoveAbandonedVersions(places.folder);
+    const int separator = places.dataBase.ReverseFind(u'\\');
+    QsPlatform::RemoveAbandonedVersions(separator < 0 ? CString(u".") : places.dataBase.Left(separator));
 }
 
 }  // namespace

@@ -112,9 +112,8 @@ void FolderReplacement::Recover() {
 }
 
 bool FolderReplacement::ReplaceByCopyOf(const CString& source) {
-    // A file of that name, or a link that leads to none, stays: there is no folder to be replaced.
     if (m_folder.IsEmpty() || (IsThere(m_folder) && !QsPlatform::IsFolder(m_folder)))
-        return false;
+        return true;
     Recover();
     if (Copy(source) && PutInPlace())
         return true;
@@ -151,7 +150,7 @@ bool FolderReplacement::PutReadyInPlace() const {
         if (IsThere(m_old)) {
             // Both versions are beside a folder that somebody has made since; what is in it goes before them.
             if (!QsPlatform::RemoveFolder(m_folder)) {
-                RemoveCopy(m_ready);
+                DropReady();
                 return false;
             }
         } else if (!QsPlatform::MoveEntry(m_folder, m_old)) {
@@ -175,8 +174,14 @@ bool FolderReplacement::RewriteFromReady() const {
     if (!QsPlatform::IsFolder(m_folder) || !QsPlatform::CopyFolderContents(m_ready, m_folder))
         return false;
     QsPlatform::FlushFileSystem(m_folder);
-    RemoveCopy(m_ready);
+    DropReady();
     return true;
+}
+
+/// What is only half removed must not pass for a ready version.
+void FolderReplacement::DropReady() const {
+    if (QsPlatform::MoveEntry(m_ready, m_new))
+        RemoveCopy(m_new);
 }
 
 /// What can't be removed would have stayed in the folder, had its entries been removed there.

@@ -5,8 +5,8 @@
 
 namespace QsBackup {
 
-/// Copies a folder beside the one that it is to replace, and puts the copy in place when it is complete. So at
-/// every moment the folder's name stands for the whole old version or the whole new one, or a further call
+/// Copies a folder beside the one that it is to replace, and puts the copy in place when it is complete. So
+/// at every moment the folder's name stands for the whole old version or the whole new one, or a further call
 /// brings one of them back there, also when the process is killed or the disk is full.
 ///
 /// On the way the versions stand beside the folder under its name with an ending:
@@ -26,12 +26,13 @@ public:
     /// Ends what a killed call has left: a complete new version is put in place, all else is removed.
     void Recover();
 
-    /// Replaces the folder by a copy of what is in `source`, or makes it; a `source` that isn't there gives an
-    /// empty folder. Files that are marked as read-only, and whatever else can't be removed, stay in the folder
-    /// in place of what is copied. Takes the read-only mark off everything in `source`.
+    /// Replaces the folder by a copy of what is in `source`, or makes it; a `source` that isn't there gives
+    /// an empty folder. Files that are marked as read-only, and whatever else can't be removed, stay in the
+    /// folder in place of what is copied. Takes the read-only mark off everything in `source`.
     ///
     /// A file that can't be read is left out. False when there is no room for the copy, or it can't be put in
-    /// place: the folder is then as it was, or is put in place by `Recover`. A file of that name is left alone.
+    /// place: the folder is then as it was, or is put in place by `Recover`. A file of that name is left
+    /// alone, which is no failure.
     bool ReplaceByCopyOf(const CString& source);
 
 private:
@@ -39,6 +40,7 @@ private:
     bool PutInPlace() const;
     bool PutReadyInPlace() const;
     bool RewriteFromReady() const;
+    void DropReady() const;
     void ClearOut() const;
 
     CString m_folder;  // empty when it can't be replaced

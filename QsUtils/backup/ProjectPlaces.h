@@ -10,8 +10,8 @@ struct ProjectPlaces {
     /// `backUpFolder` is the project's folder in the backup.
     ProjectPlaces(const CString& backUpFolder, const CString& projectFile);
 
-    // In the project: the project file's path up to its last "." is the folder, with ".mdb" the database. The whole
-    // path counts, also a "." in the name of a folder.
+    // In the project: the project file's path up to its last "." is the folder, with ".mdb" the database. The
+    // whole path counts, also a "." in the name of a folder.
     CString graphics;
     CString dataBase;
 

@@ -21,14 +21,16 @@ struct IdentityHash {
 
 class Copy {
 public:
-    Copy(const CString& source, const CString& target) : m_source(source), m_target(target) {}
+    Copy(const CString& source, const CString& target, bool isUnseen)
+        : m_source(source), m_target(target), m_isUnseen(isUnseen) {}
 
-    void Run() {
+    /// Whether there was room for all of it.
+    bool Run() {
         if (!m_source.IsOpen())
-            return;
+            return true;
         m_lost = m_target.IsOpen() ? 0 : 1;
         Begin();
-        while (!m_left.empty() && m_source.IsOpen()) {
+        while (!m_left.empty() && m_source.IsOpen() && !IsOver()) {
             if (m_left.back().empty()) {
                 Leave();
             } else {
@@ -37,9 +39,12 @@ public:
                 Enter(name);
             }
         }
+        return m_hasRoom;
     }
 
 private:
+    bool IsOver() const { return m_isUnseen && !m_hasRoom; }
+
     /// Copies the files of the folder that the source's cursor has come to.
     void Begin() {
         ++m_onWay[m_source.Identity()];
@@ -54,8 +59,11 @@ private:
                 files.push_back({NativeName(entry->name), entry->kind == TreeEntry::Kind::Link});
         }
         for (const CopiedFile& file : files) {
+            if (IsOver())
+                return;
             if (m_lost == 0)
-                m_copier.Copy(*m_source.Hold(), file, *m_target.Hold(), false);
+                m_hasRoom &= m_copier.Copy(*m_source.Hold(), file, *m_target.Hold(), m_isUnseen) !=
+                             CopyOutcome::NoRoom;
             else
                 MakeEntryWritable(*m_source.Hold(), file.name);
         }
@@ -64,11 +72,14 @@ private:
     /// Makes a subfolder anew and goes down into it, on both sides.
     void Enter(const NativeName& name) {
         if (m_lost == 0) {
-            RemoveSubfolder(m_target, name);
+            if (!m_isUnseen)
+                RemoveSubfolder(m_target, name);
             m_lost = m_target.IsOpen() ? 0 : m_left.size();
         }
+        bool lacksRoom = false;
         if (m_lost == 0)
-            m_target.MakeFolder(name);
+            m_target.MakeFolder(name, &lacksRoom);
+        m_hasRoom &= !lacksRoom;
         if (!m_source.Enter(name, true)) {
             MakeEntryWritable(*m_source.Hold(), name);
             return;
@@ -78,8 +89,10 @@ private:
             return;
         }
         // The marks of the source are taken off also where nothing can be copied to.
-        if (m_lost > 0 || !m_target.Enter(name, false))
+        if (m_lost > 0 || !m_target.Enter(name, false)) {
+            m_hasRoom &= !m_isUnseen;  // in a new folder nothing else stands in the way
             ++m_lost;
+        }
         Begin();
     }
 
@@ -114,6 +127,8 @@ private:
     FolderCursor m_source;
     FolderCursor m_target;
     FileCopier m_copier;
+    bool m_isUnseen;
+    bool m_hasRoom = true;
     std::vector<std::vector<NativeName>> m_left;  // subfolders to be copied, by level
     std::size_t m_lost = 0;                       // levels at the end of the way that have no target
     std::unordered_map<FolderIdentity, int, IdentityHash> m_onWay;
@@ -122,8 +137,12 @@ private:
 
 }  // namespace
 
-void CopyFolderContents(const CString& source, const CString& target) {
-    Copy(source, target).Run();
+bool CopyFolderContents(const CString& source, const CString& target) {
+    return Copy(source, target, false).Run();
+}
+
+bool CopyToUnseenFolder(const CString& source, const CString& target) {
+    return Copy(source, target, true).Run();
 }
 
 }  // namespace QsPlatform

@@ -12,6 +12,12 @@ namespace QsPlatform {
 /// Takes the read-only mark off an entry that is no link.
 void MakeEntryWritable(const HeldFolder& folder, const NativeName& name);
 
+enum class CopyOutcome {
+    Copied,
+    LeftOut,  ///< the source can't be read, or the target's name is taken by what can't be replaced
+    NoRoom,   ///< no room on the disk, which includes a disk that fails; no memory, no further open files
+};
+
 struct CopiedFile {
     NativeName name;
     bool isLink = false;
@@ -28,7 +34,8 @@ public:
     /// Copies a file under its name, as `CopyOneFile` does. What isn't a link loses its read-only mark first.
     /// Files of an `isUnseen` target, which has no name of its own yet and was empty, are written straight to
     /// their names.
-    bool Copy(const HeldFolder& source, const CopiedFile& file, const HeldFolder& target, bool isUnseen);
+    CopyOutcome Copy(const HeldFolder& source, const CopiedFile& file, const HeldFolder& target,
+                     bool isUnseen);
 
 private:
     std::unique_ptr<char[]> m_buffer;

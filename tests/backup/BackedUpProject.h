@@ -90,7 +90,6 @@ public:
     std::filesystem::path SavedGraphics() const { return BackUp() / "BackUpGraphicFile"; }
     std::filesystem::path Versions() const { return BackUp() / "FileVer.ini"; }
 
-
 private:
     TemporaryFolder m_folder;
     std::string m_name;

@@ -1,11 +1,10 @@
-#include "QsUtils/backup/CQSBackUpUtility.h"
-
 #include <filesystem>
 #include <string>
 #include <type_traits>
 
 #include <gtest/gtest.h>
 
+#include "QsUtils/backup/CQSBackUpUtility.h"
 #include "QsUtils/frame/IQsUtils.h"
 
 #include "tests/backup/BackedUpProject.h"
@@ -47,7 +46,8 @@ protected:
     }
     /// The whole of the backup, and nothing else beside the project.
     void ExpectBackUp(const std::string& dataBase, TreeOfFiles saved, const std::string& versions) const {
-        TreeOfFiles expected = {{"BackUpDataBase.mdb", dataBase}, {"BackUpGraphicFile/", ""}, {"FileVer.ini", versions}};
+        TreeOfFiles expected = {
+            {"BackUpDataBase.mdb", dataBase}, {"BackUpGraphicFile/", ""}, {"FileVer.ini", versions}};
         for (const auto& [name, bytes] : saved)
             expected["BackUpGraphicFile/" + name] = bytes;
         EXPECT_EQ(TreeAt(m_project.BackUp()), expected);
@@ -83,8 +83,7 @@ TEST_F(BackUp, OpeningReplacesWhatAFormerRunLeft) {
     WriteTree(m_project.SavedGraphics(), {{"old/", ""}, {"old/x", "x"}, {"plan.dwg", "old plan"}});
     WriteBytes(m_project.Versions(), "; kept\r\n[GraphicFileInfo]\r\nRunVer = 9\r\nBackUpVer=7\r\n");
     Open();
-    ExpectBackUp("database", Drawings,
-                 "; kept\r\n[GraphicFileInfo]\r\nRunVer = 1\r\nBackUpVer=1\r\n");
+    ExpectBackUp("database", Drawings, "; kept\r\n[GraphicFileInfo]\r\nRunVer = 1\r\nBackUpVer=1\r\n");
 }
 
 TEST_F(BackUp, OpeningWithoutADataBaseLeavesTheFormerCopy) {
@@ -214,8 +213,9 @@ TEST_F(BackUp, AVersionThatIsNoNumberCountsAsZero) {
 
 TEST_F(BackUp, BehindTheLargestVersionComesTheSmallest) {
     Open();
-    for (const auto& [before, after] : {std::pair("2147483646", "2147483647"), std::pair("2147483647", "-2147483648"),
-                                        std::pair("99999999999", "-2147483648"), std::pair("-1", "0")}) {
+    for (const auto& [before, after] :
+         {std::pair("2147483646", "2147483647"), std::pair("2147483647", "-2147483648"),
+          std::pair("99999999999", "-2147483648"), std::pair("-1", "0")}) {
         WriteBytes(m_project.Versions(), VersionFileOf(before, "1"));
         Change();
         EXPECT_EQ(BytesOf(m_project.Versions()), VersionFileOf(after, "1"));
@@ -224,9 +224,10 @@ TEST_F(BackUp, BehindTheLargestVersionComesTheSmallest) {
 
 TEST_F(BackUp, VersionsAreComparedAsTexts) {
     Open();
-    for (const auto& [run, backUp] : {std::pair("01", "1"), std::pair("1", "01"), std::pair("a", "A"), std::pair("", "1")}) {
+    for (const auto& [run, backUp] :
+         {std::pair("01", "1"), std::pair("1", "01"), std::pair("a", "A"), std::pair("", "1")}) {
         WriteTree(m_project.SavedGraphics(), {{"from here", "1"}});
-        WriteBytes(m_project.Graphics() / run, "x");
+        WriteBytes(m_project.Graphics() / "drawn since", "x");
         WriteBytes(m_project.Versions(), VersionFileOf(run, backUp));
         Discard();
         EXPECT_TRUE(fs::exists(m_project.Graphics() / "from here")) << run;
@@ -245,7 +246,8 @@ TEST_F(BackUp, LongVersionsAreCut) {
     EXPECT_TRUE(fs::exists(m_project.Graphics() / "new.dwg"));
     WriteBytes(m_project.Versions(), VersionFileOf(("8" + version).c_str(), version.c_str()));
     Save();
-    EXPECT_EQ(BytesOf(m_project.Versions()), VersionFileOf(("8" + version).c_str(), ("8" + version).substr(0, 127).c_str()));
+    EXPECT_EQ(BytesOf(m_project.Versions()),
+              VersionFileOf(("8" + version).c_str(), ("8" + version).substr(0, 127).c_str()));
 }
 
 TEST_F(BackUp, ProjectsOfOneNameShareTheirBackup) {
@@ -299,7 +301,8 @@ TEST(BackUpNames, ANameThatIsGivenIsTaken) {
     CString path;
     CQSBackUpUtility utility(u"given name.v1");
     utility.GetCurBackUpPath(path, u"C:\\other.gcs");
-    const CString expected = QsPlatform::ExecutableFolder() + u"\\tempfile\\" + BackUpFolderName + u"\\given name";
+    const CString expected =
+        QsPlatform::ExecutableFolder() + u"\\tempfile\\" + BackUpFolderName + u"\\given name";
     EXPECT_EQ(path, expected);
     fs::remove_all(ToNativePath(path));
 }

@@ -18,7 +18,8 @@ bool IsInUse(DWORD error) noexcept {
 bool Move(const CString& from, const CString& to, DWORD flags) {
     const std::wstring source = SystemPath(from);
     const std::wstring target = SystemPath(to);
-    for (int tries = 1; !::MoveFileExW(source.c_str(), target.c_str(), flags | MOVEFILE_WRITE_THROUGH); ++tries) {
+    for (int tries = 1; !::MoveFileExW(source.c_str(), target.c_str(), flags | MOVEFILE_WRITE_THROUGH);
+         ++tries) {
         if (tries == Tries || !IsInUse(::GetLastError()))
             return false;
         ::Sleep(WaitMilliseconds);

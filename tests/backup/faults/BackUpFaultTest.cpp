@@ -1,5 +1,5 @@
-// What is on the disk after an operation of the backup was killed, or found the disk full, at each of the calls by
-// which it changes files.
+// What is on the disk after an operation of the backup was killed, or found the disk full, at each of the
+// calls by which it changes files.
 #include <filesystem>
 #include <random>
 #include <string>
@@ -17,15 +17,26 @@ namespace fs = std::filesystem;
 using FaultPoints::Fault;
 using FaultPoints::Plan;
 
-const TreeOfFiles Saved = {{"plan.dwg", "the plan"},     {"a/", ""},   {"a/1.dwg", "first floor"}, {"a/b/", ""},
-                           {"a/b/2.dwg", "second floor"}, {"only saved", "x"}, {"empty/", ""}};
-const TreeOfFiles Live = {{"plan.dwg", "another plan"}, {"a/", ""},         {"a/1.dwg", std::string(3000, 'y')},
-                          {"roof/", ""},                {"roof/r.dwg", "r"}, {"楼梯.dwg", "stairs"}};
+const TreeOfFiles Saved = {{"plan.dwg", "the plan"},
+                           {"a/", ""},
+                           {"a/1.dwg", "first floor"},
+                           {"a/b/", ""},
+                           {"a/b/2.dwg", "second floor"},
+                           {"only saved", "x"},
+                           {"empty/", ""}};
+const TreeOfFiles Live = {{"plan.dwg", "another plan"},
+                          {"a/", ""},
+                          {"a/1.dwg", std::string(3000, 'y')},
+                          {"roof/", ""},
+                          {"roof/r.dwg", "r"},
+                          {"楼梯.dwg", "stairs"}};
 
 /// A project that was opened, then worked on in both its database and its drawings.
 class WorkedOnProject : public BackedUpProject {
 public:
-    WorkedOnProject(const TreeOfFiles& saved, const TreeOfFiles& live) : m_saved(saved), m_live(live) { Reset(); }
+    WorkedOnProject(const TreeOfFiles& saved, const TreeOfFiles& live) : m_saved(saved), m_live(live) {
+        Reset();
+    }
 
     void Reset() const {
         fs::remove_all(BackUp());
@@ -52,7 +63,8 @@ public:
         EXPECT_TRUE(IsOneOf(TreeAt(Graphics())));
         EXPECT_TRUE(IsOneOf(TreeAt(SavedGraphics())));
         EXPECT_EQ(Folder().Entries(), 2) << "something is left beside the project";
-        EXPECT_LE(std::distance(fs::directory_iterator(BackUp()), {}), 4) << "something is left in the backup";
+        EXPECT_LE(std::distance(fs::directory_iterator(BackUp()), {}), 4)
+            << "something is left in the backup";
         for (const auto& entry : fs::directory_iterator(BackUp()))
             EXPECT_TRUE(IsOfBackUp(entry.path().filename().string())) << entry.path();
     }
@@ -176,7 +188,9 @@ TEST_P(BackUpFault, ADiskThatGetsFullInAnOpening) {
 INSTANTIATE_TEST_SUITE_P(Ways, BackUpFault,
                          ::testing::Values(Ways{true, true}, Ways{false, true}, Ways{false, false}),
                          [](const ::testing::TestParamInfo<Ways>& ways) {
-                             return !ways.param.movesFolders ? "Rewriting" : ways.param.exchanges ? "Exchanging" : "Moving";
+                             return !ways.param.movesFolders ? "Rewriting"
+                                    : ways.param.exchanges   ? "Exchanging"
+                                                             : "Moving";
                          });
 
 }  // namespace

@@ -115,7 +115,8 @@ private:
     }
 
     static std::string TextOf(const std::string& path, const PlainFiles::Entry& entry) {
-        return path + (entry.isFolder ? "/" : " = " + entry.bytes) + (entry.isReadOnly ? " (read-only)\n" : "\n");
+        return path + (entry.isFolder ? "/" : " = " + entry.bytes) +
+               (entry.isReadOnly ? " (read-only)\n" : "\n");
     }
 
     void Mark(const std::string& path, bool isReadOnly) const {
@@ -170,12 +171,18 @@ private:
 
     void Edit() {
         static constexpr const char* Graphics[] = {"a/p", "a/p", "b/p", "tempfile/backup/BackUpGraphicFile"};
-        static constexpr const char* Names[] = {"1.dwg", "2.dwg", "s", "s/1.dwg", "s/t", "s/t/1.dwg", "u/v/1.dwg", "u"};
-        static constexpr const char* DataBases[] = {"a/p.mdb", "b/p.mdb", "tempfile/backup/BackUpDataBase.mdb"};
+        static constexpr const char* Names[] = {"1.dwg", "2.dwg",     "s",         "s/1.dwg",
+                                                "s/t",   "s/t/1.dwg", "u/v/1.dwg", "u"};
+        static constexpr const char* DataBases[] = {"a/p.mdb", "b/p.mdb",
+                                                    "tempfile/backup/BackUpDataBase.mdb"};
         static constexpr const char* Versions[] = {
-            "", "[GraphicFileInfo]\r\nRunVer=01\r\nBackUpVer=1\r\n", "[GraphicFileInfo]\nRunVer=x\n",
-            "[GraphicFileInfo]\r\nBackUpVer=7\r\n", "[graphicfileinfo]\r\nrunver = 5\r\n;x\r\nBACKUPVER='5'\r\n",
-            "[other]\r\nRunVer=9\r\n", "[GraphicFileInfo]\r\nRunVer=\r\nBackUpVer=\"\"\r\n"};
+            "",
+            "[GraphicFileInfo]\r\nRunVer=01\r\nBackUpVer=1\r\n",
+            "[GraphicFileInfo]\nRunVer=x\n",
+            "[GraphicFileInfo]\r\nBackUpVer=7\r\n",
+            "[graphicfileinfo]\r\nrunver = 5\r\n;x\r\nBACKUPVER='5'\r\n",
+            "[other]\r\nRunVer=9\r\n",
+            "[GraphicFileInfo]\r\nRunVer=\r\nBackUpVer=\"\"\r\n"};
         const std::string graphics = OneOf(Graphics);
         const std::string inside = graphics + "/" + OneOf(Names);
         switch (m_random() % 12) {

@@ -51,7 +51,8 @@ Outcome NextPoint(bool takesRoom) noexcept {
 
 std::string TextOf(const Plan& plan) {
     std::ostringstream text;
-    text << static_cast<int>(plan.fault) << ' ' << plan.point << ' ' << plan.exchanges << ' ' << plan.movesFolders;
+    text << static_cast<int>(plan.fault) << ' ' << plan.point << ' ' << plan.exchanges << ' '
+         << plan.movesFolders;
     return text.str();
 }
 

@@ -1,5 +1,5 @@
-// Faults at the calls by which the library changes files. Every such call of the library's objects is led here by the
-// linker, in this program alone, and counts as one point.
+// Faults at the calls by which the library changes files. Every such call of the library's objects is led
+// here by the linker, in this program alone, and counts as one point.
 #pragma once
 
 #include <string>

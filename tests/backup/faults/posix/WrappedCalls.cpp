@@ -103,9 +103,9 @@ int __wrap_ioctl(int file, unsigned long request, void* argument) {
 }
 
 // Those whose arguments pass through as they are.
-#define POINT(room, function, parameters, ...)                      \
-    int __real_##function parameters;                               \
-    int __wrap_##function parameters {                              \
+#define POINT(room, function, parameters, ...)                     \
+    int __real_##function parameters;                              \
+    int __wrap_##function parameters {                             \
         return Passes(room) ? __real_##function(__VA_ARGS__) : -1; \
     }
 
@@ -113,7 +113,8 @@ POINT(TakesRoom, mkdirat, (int base, const char* path, mode_t mode), base, path,
 POINT(TakesNone, unlinkat, (int base, const char* path, int flags), base, path, flags)
 POINT(TakesNone, unlink, (const char* path), path)
 POINT(TakesRoom, rename, (const char* from, const char* to), from, to)
-POINT(TakesRoom, renameat, (int fromBase, const char* from, int toBase, const char* to), fromBase, from, toBase, to)
+POINT(TakesRoom, renameat, (int fromBase, const char* from, int toBase, const char* to), fromBase, from,
+      toBase, to)
 POINT(TakesRoom, fallocate, (int file, int mode, off_t at, off_t size), file, mode, at, size)
 POINT(TakesRoom, ftruncate, (int file, off_t size), file, size)
 POINT(TakesNone, fchmod, (int file, mode_t mode), file, mode)

@@ -2,8 +2,8 @@
 #include <cstdlib>
 #include <string>
 
-#include <gtest/gtest.h>
 #include <windows.h>
+#include <gtest/gtest.h>
 
 #include "tests/backup/faults/Operations.h"
 #include "tests/support/ChildProcess.h"

@@ -1,5 +1,5 @@
-// The library reaches the system's functions through pointers; the linker leads it to these instead, and gives the
-// pointers themselves their other names.
+// The library reaches the system's functions through pointers; the linker leads it to these instead, and
+// gives the pointers themselves their other names.
 #include <string>
 
 #include <windows.h>
@@ -53,8 +53,8 @@ REAL(MoveFileExW)
 
 namespace {
 
-HANDLE WINAPI OpenHere(LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security, DWORD disposition,
-                       DWORD flags, HANDLE pattern) {
+HANDLE WINAPI OpenHere(LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
+                       DWORD disposition, DWORD flags, HANDLE pattern) {
     if (disposition != OPEN_EXISTING && !Passes(TakesRoom))
         return INVALID_HANDLE_VALUE;
     return __real___imp_CreateFileW(path, access, share, security, disposition, flags, pattern);
@@ -106,11 +106,11 @@ LEAD(CopyFileW, CopyHere)
 LEAD(MoveFileExW, MoveHere)
 
 // Those whose arguments pass through as they are.
-#define POINT(room, function, parameters, ...)                                     \
-    REAL(function)                                                                 \
-    static BOOL WINAPI Here##function parameters {                                 \
-        return Passes(room) ? __real___imp_##function(__VA_ARGS__) : FALSE;        \
-    }                                                                              \
+#define POINT(room, function, parameters, ...)                              \
+    REAL(function)                                                          \
+    static BOOL WINAPI Here##function parameters {                          \
+        return Passes(room) ? __real___imp_##function(__VA_ARGS__) : FALSE; \
+    }                                                                       \
     LEAD(function, Here##function)
 
 POINT(TakesNone, DeleteFileW, (LPCWSTR path), path)
