@@ -38,6 +38,7 @@ void AddVars(CLI::App& app, const Streams& streams, int& status);
 void AddCapital(CLI::App& app, const Streams& streams, int& status);
 void AddSort(CLI::App& app, const Streams& streams, int& status);
 void AddUnit(CLI::App& app, const Streams& streams, int& status);
+void AddBackUp(CLI::App& app, const Streams& streams, int& status);
 
 /// The arguments, or the lines of standard input when there are none; carriage returns fall away.
 std::vector<std::string> ArgumentsOrLines(const std::vector<std::string>& arguments, std::istream& in);

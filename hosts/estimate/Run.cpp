@@ -31,6 +31,7 @@ int Run(const std::vector<std::string>& arguments, const Streams& streams) {
     AddCapital(app, streams, status);
     AddSort(app, streams, status);
     AddUnit(app, streams, status);
+    AddBackUp(app, streams, status);
     try {
         // The parser takes its arguments from the back.
         std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());

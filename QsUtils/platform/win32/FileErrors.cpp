@@ -28,10 +28,11 @@ FileFailure FailureOf(DWORD error, FileFailure missing) noexcept {
 }
 
 bool IsWantOfRoom(DWORD error) noexcept {
+    constexpr DWORD QuotaExceeded = 1295;  // which not every version of the headers names
     switch (error) {
         case ERROR_DISK_FULL:
         case ERROR_HANDLE_DISK_FULL:
-        case ERROR_DISK_QUOTA_EXCEEDED:
+        case QuotaExceeded:
         case ERROR_FILE_TOO_LARGE:
         case ERROR_WRITE_FAULT:
         case ERROR_IO_DEVICE:

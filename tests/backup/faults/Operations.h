@@ -11,7 +11,3 @@ void Carry(Operation operation, const CString& project);
 
 /// Carries an operation out in a process of its own. False when that was killed.
 bool CarryApart(Operation operation, const CString& project, const FaultPoints::Plan& plan);
-
-/// As `CarryApart` without a fault, but the process is killed from outside after so many microseconds unless
-/// it has come to its end before.
-bool CarryAndKill(Operation operation, const CString& project, int microseconds);

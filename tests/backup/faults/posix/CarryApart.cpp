@@ -1,5 +1,3 @@
-#include <csignal>
-
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -21,16 +19,5 @@ bool CarryApart(Operation operation, const CString& project, const FaultPoints::
         Carry(operation, project);
         ::_exit(0);
     }
-    return HasEnded(child);
-}
-
-bool CarryAndKill(Operation operation, const CString& project, int microseconds) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        Carry(operation, project);
-        ::_exit(0);
-    }
-    ::usleep(static_cast<useconds_t>(microseconds));
-    ::kill(child, SIGKILL);
     return HasEnded(child);
 }
