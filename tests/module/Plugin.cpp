@@ -165,6 +165,17 @@ bool CallXmlDocument() {
            tool->SaveXmlFile(L"");
 }
 
+// No backup is made: the path alone is told, and its folder.
+bool CallBackUp() {
+    std::random_device random;
+    CString name;
+    name.Format(u"qsutils-plugin-%x-%x", random(), random());
+    CString path;
+    IQsUtils::GetCurBackUpPath(path, u"\\projects\\" + name + u".gcs");
+    const bool isTold = path.Right(name.GetLength()) == name;
+    return std::filesystem::remove(ToNativePath(path)) && isTold;
+}
+
 struct Service {
     const char* name;
     bool (*call)();
@@ -187,6 +198,7 @@ constexpr std::array services = {
     Service{"paths", CallPaths},
     Service{"files", CallFiles},
     Service{"configuration reader", CallConfigurationReader},
+    Service{"backup", CallBackUp},
     Service{"XML trees", CallXmlTree},
     Service{"XML documents", CallXmlDocument},
 };

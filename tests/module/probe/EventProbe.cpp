@@ -7,6 +7,8 @@
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/RuntimeException.hpp>
 
+#include "QsUtils/backup/BackUpNames.h"
+
 namespace {
 
 struct Watch {
@@ -70,6 +72,10 @@ std::size_t WatchNotedBlocks(const char* event) noexcept {
         }
     }
     return count;
+}
+
+void WatchBackUpNames(const char* event) noexcept {
+    WatchBlock(QsBackup::VersionFile.GetString(), event);
 }
 
 }  // namespace EventProbe

@@ -17,6 +17,9 @@ TEST_EXPORT void WatchBlock(const void* block, const char* event) noexcept;
 TEST_EXPORT void BeginNotingBlocks() noexcept;
 TEST_EXPORT std::size_t WatchNotedBlocks(const char* event) noexcept;
 
+/// Reports the end of the names in a backup, which the module holds from its start on, by the one that ends last.
+TEST_EXPORT void WatchBackUpNames(const char* event) noexcept;
+
 /// While this variable of the environment is set, the XML platform raises an error as soon as it has started.
 inline constexpr const char* failingXml = "QSUTILS_TEST_XML_FAILS";
 
