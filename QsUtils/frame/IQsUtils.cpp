@@ -1,6 +1,7 @@
 // Forwards to the services: a facade does no work of its own.
 #include "QsUtils/frame/IQsUtils.h"
 
+#include "QsUtils/backup/CQSBackUpUtility.h"
 #include "QsUtils/codes/CodeCompare.h"
 #include "QsUtils/codes/CodeSort.h"
 #include "QsUtils/frame/Services.h"
@@ -260,4 +261,30 @@ eYsType IQsUtils::StringToYsType(CString const& strType) {
 
 HANDLE IQsUtils::StartThread(QsThreadRoutine routine, void* parameter, CString name, std::uint32_t* id) {
     return QsTasks::StartThread(routine, parameter, name, id);
+}
+
+// --- Save backup. Nothing of it outlives the call.
+
+void IQsUtils::GetCurBackUpPath(CString& strPath, CString const& strProjectFile) {
+    CQSBackUpUtility(CString()).GetCurBackUpPath(strPath, strProjectFile);
+}
+
+void IQsUtils::GetCurBackUpDataBasePath(CString& strPath, CString const& strProjectFile) {
+    CQSBackUpUtility(CString()).GetCurBackUpDataBasePath(strPath, strProjectFile);
+}
+
+void IQsUtils::InitBackUpInfo(CString const& strProjectFile) {
+    CQSBackUpUtility(CString()).InitBackUpInfo(strProjectFile);
+}
+
+void IQsUtils::OnBackUpSaveFile(CString const& strProjectFile) {
+    CQSBackUpUtility(CString()).OnBackUpSaveFile(strProjectFile);
+}
+
+void IQsUtils::UpdateGraphicFileVer(CString const& strProjectFile) {
+    CQSBackUpUtility(CString()).UpdateGraphicFileVer(strProjectFile);
+}
+
+void IQsUtils::OnNotSaveGraphicFile(CString const& strProjectFile) {
+    CQSBackUpUtility(CString()).OnNotSaveGraphicFile(strProjectFile);
 }

@@ -178,6 +178,26 @@ public:
     /// read by every call.
     static CString GetInitPath();
 
+    // --- Save backup: the working copy of a project below "tempfile\" beside the executable.
+    // `strProjectFile` is the full path of the project file; beside it stand the database, with the extension
+    // ".mdb", and the folder of graphics, without any. Nothing tells of a failure; docs/backup.md says what
+    // is whole then. Projects of one file name share one place, in which one call is made after another.
+
+    /// The project's folder in the backup, which is made; empty when the executable's folder isn't known.
+    static void GetCurBackUpPath(CString& strPath, CString const& strProjectFile);
+    /// The working copy of the database in that folder, whether or not it exists.
+    static void GetCurBackUpDataBasePath(CString& strPath, CString const& strProjectFile);
+    /// A project is opened: its database and its graphic folder are copied into the backup.
+    static void InitBackUpInfo(CString const& strProjectFile);
+    /// A project is saved: the working copy goes back to its database, and the graphic folder into the backup
+    /// if it has been changed.
+    static void OnBackUpSaveFile(CString const& strProjectFile);
+    /// The graphic folder has been changed.
+    static void UpdateGraphicFileVer(CString const& strProjectFile);
+    /// A project is left without saving: the graphic folder, if it has been changed, becomes the saved one
+    /// again.
+    static void OnNotSaveGraphicFile(CString const& strProjectFile);
+
     // --- Digest
 
     /// The MD5 digest (RFC 1321) of the text's UTF-16LE bytes, as 32 lower-case hexadecimal digits.

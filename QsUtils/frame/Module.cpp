@@ -1,5 +1,6 @@
 // The module's static objects, its start and its end. All static objects with a destructor stand in this one
 // file, because only within a file does the language fix the order in which they are made and destroyed.
+#include "QsUtils/backup/BackUpNames.h"
 #include "QsUtils/directory/CCommonDirectory.h"
 #include "QsUtils/directory/CLibraryDirectory.h"
 #include "QsUtils/directory/CProjectDirectory.h"
@@ -42,6 +43,22 @@ CString IQsUtils::m_strSoftVersion;
 namespace {
 
 constinit QsFrame::ServiceHolder<QsFrame::CLogWriter> theLogWriter;
+
+}  // namespace
+
+namespace QsBackup {
+
+const CString VersionFile = u"FileVer.ini";
+const CString DataBaseFile = u"BackUpDataBase.mdb";
+const CString GraphicFolder = u"BackUpGraphicFile";
+const CString VersionSection = u"GraphicFileInfo";
+const CString RunVersion = u"RunVer";
+const CString BackUpVersion = u"BackUpVer";
+
+}  // namespace QsBackup
+
+namespace {
+
 CQsUtilsApp theApp;
 QsXml::ToolTable theXmlTools;
 constinit QsFrame::ServiceHolder<COprateString> theFormulaVariables;

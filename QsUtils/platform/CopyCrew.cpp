@@ -15,8 +15,12 @@ CopyCrew::~CopyCrew() {
 }
 
 void CopyCrew::CopyFiles(FileCopier& copier, const CopyBatch& batch) {
-    for (const CopiedFile& file : batch.files)
-        copier.Copy(*batch.source, file, *batch.target, batch.unseen != nullptr);
+    for (const CopiedFile& file : batch.files) {
+        if (m_endsWithoutRoom && !HasRoom())
+            return;
+        if (copier.Copy(*batch.source, file, *batch.target, batch.isTargetUnseen) == CopyOutcome::NoRoom)
+            m_hasRoom.store(false, std::memory_order_relaxed);
+    }
 }
 
 void CopyCrew::Copy(CopyBatch batch) {
@@ -78,7 +82,8 @@ void CopyCrew::Help() noexcept {
             m_change.notify_all();
         }
     } catch (const std::exception&) {
-        // Out of memory: the file at hand isn't copied, as if the disk were full.
+        // Out of memory: files at hand aren't copied, as if the disk were full.
+        m_hasRoom.store(false, std::memory_order_relaxed);
         const std::lock_guard lock(m_mutex);
         m_isHelperBusy = false;
         m_change.notify_all();

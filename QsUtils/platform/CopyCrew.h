@@ -1,6 +1,7 @@
 // Files copied by two threads.
 #pragma once
 
+#include <atomic>
 #include <condition_variable>
 #include <cstddef>
 #include <deque>
@@ -19,7 +20,8 @@ struct CopyBatch {
     std::shared_ptr<const HeldFolder> source;
     std::shared_ptr<const HeldFolder> target;
     std::vector<CopiedFile> files;
-    /// Held until all files of an unseen folder are copied; null for a folder that is seen.
+    bool isTargetUnseen = false;
+    /// Held until all files are copied; may be null.
     std::shared_ptr<const void> unseen;
 };
 
@@ -28,7 +30,8 @@ struct CopyBatch {
 /// object goes. For one thread at a time.
 class CopyCrew {
 public:
-    CopyCrew() = default;
+    /// `endsWithoutRoom` leaves out what remains as soon as there is no room for a file.
+    explicit CopyCrew(bool endsWithoutRoom) : m_endsWithoutRoom(endsWithoutRoom) {}
     CopyCrew(const CopyCrew&) = delete;
     CopyCrew& operator=(const CopyCrew&) = delete;
     ~CopyCrew();
@@ -36,6 +39,8 @@ public:
     void Copy(CopyBatch batch);
     /// Returns when all batches are copied.
     void Finish();
+    /// Whether there has been room for all files so far.
+    bool HasRoom() const noexcept { return m_hasRoom.load(std::memory_order_relaxed); }
 
 private:
     /// Fewer files are copied before a thread has begun.
@@ -43,10 +48,12 @@ private:
     /// The caller takes part when so many batches wait.
     static constexpr std::size_t MostWaiting = 4;
 
-    static void CopyFiles(FileCopier& copier, const CopyBatch& batch);
+    void CopyFiles(FileCopier& copier, const CopyBatch& batch);
     bool CopyOneWaiting();
     void Help() noexcept;
 
+    bool m_endsWithoutRoom;
+    std::atomic<bool> m_hasRoom{true};
     FileCopier m_copier;
     std::size_t m_files = 0;
     bool m_isHelpTried = false;

@@ -55,15 +55,20 @@ private:
 
 class Copy {
 public:
-    Copy(const CString& source, const CString& target)
-        : m_source(source), m_target(target), m_targetPath(target) {}
+    Copy(const CString& source, const CString& target, bool isTargetUnseen)
+        : m_source(source),
+          m_target(target),
+          m_targetPath(target),
+          m_isTargetUnseen(isTargetUnseen),
+          m_crew(isTargetUnseen) {}
 
-    void Run() {
+    /// Whether there was room for all of it.
+    bool Run() {
         if (!m_source.IsOpen())
-            return;
+            return true;
         m_lost = m_target.IsOpen() ? 0 : 1;
         Begin();
-        while (!m_left.empty() && m_source.IsOpen()) {
+        while (!m_left.empty() && m_source.IsOpen() && !IsOver()) {
             if (m_left.back().empty()) {
                 Leave();
             } else {
@@ -73,9 +78,17 @@ public:
             }
         }
         m_crew.Finish();
+        return HasRoom();
     }
 
 private:
+    bool HasRoom() const { return m_hasRoom && m_crew.HasRoom(); }
+
+    /// What nobody sees is of no use unless it is whole.
+    bool IsOver() const { return m_isTargetUnseen && !HasRoom(); }
+
+    bool IsUnseen() const { return m_isTargetUnseen || m_unseen != nullptr; }
+
     /// Copies the files of the folder that the source's cursor has come to.
     void Begin() {
         ++m_onWay[m_source.Identity()];
@@ -101,7 +114,7 @@ private:
             for (const CopiedFile& file : files)
                 MakeEntryWritable(*m_source.Hold(), file.name);
         } else if (!files.empty()) {
-            m_crew.Copy({m_source.Hold(), m_target.Hold(), std::move(files), m_unseen});
+            m_crew.Copy({m_source.Hold(), m_target.Hold(), std::move(files), IsUnseen(), m_unseen});
         }
     }
 
@@ -119,22 +132,24 @@ private:
             return;
         }
         // The marks of the source are taken off also where nothing can be copied to.
-        if (m_lost > 0 || !m_target.Enter(made, false))
+        if (m_lost > 0 || !m_target.Enter(made, false)) {
+            m_hasRoom &= !m_isTargetUnseen;  // in a new folder nothing else stands in the way
             ++m_lost;
+        }
         Begin();
     }
 
     /// Gives the name under which the subfolder stands for the time being.
     NativeName MakeAnew(const NativeName& name) {
         // Nothing stands in a folder that has just been made.
-        if (m_unseen == nullptr && m_target.Has(name)) {
+        if (!IsUnseen() && m_target.Has(name)) {
             m_crew.Finish();  // what is removed may be what is still to be copied
             RemoveSubfolder(m_target, name);
             m_lost = m_target.IsOpen() ? 0 : m_left.size();
         }
         if (m_lost > 0)
             return {};
-        if (m_unseen == nullptr && FillsFoldersUnseen() && !m_target.Has(name)) {
+        if (!IsUnseen() && FillsFoldersUnseen() && !m_target.Has(name)) {
             NativeName unseen = UnseenName();
             if (m_target.MakeFolder(unseen)) {
                 m_unseen = std::make_shared<const UnseenFolder>(m_targetPath, m_target.Hold(), unseen, name);
@@ -142,7 +157,9 @@ private:
                 return unseen;
             }
         }
-        m_target.MakeFolder(name);
+        bool lacksRoom = false;
+        m_target.MakeFolder(name, &lacksRoom);
+        m_hasRoom &= !lacksRoom;
         return name;
     }
 
@@ -184,6 +201,8 @@ private:
     FolderCursor m_source;
     FolderCursor m_target;
     CString m_targetPath;
+    bool m_isTargetUnseen;
+    bool m_hasRoom = true;                         // for folders
     std::shared_ptr<const UnseenFolder> m_unseen;  // in which the target's cursor stands
     std::size_t m_unseenDepth = 0;                 // of the folder that it stands in
     std::vector<std::vector<NativeName>> m_left;   // subfolders to be copied, by level
@@ -195,8 +214,12 @@ private:
 
 }  // namespace
 
-void CopyFolderContents(const CString& source, const CString& target) {
-    Copy(source, target).Run();
+bool CopyFolderContents(const CString& source, const CString& target) {
+    return Copy(source, target, false).Run();
+}
+
+bool CopyToUnseenFolder(const CString& source, const CString& target) {
+    return Copy(source, target, true).Run();
 }
 
 }  // namespace QsPlatform

@@ -21,6 +21,11 @@ NativeName UnseenName();
 
 /// Gives a folder its own name; false when that is taken.
 bool RenameFolder(const HeldFolder& parent, const NativeName& from, const NativeName& to);
+enum class CopyOutcome {
+    Copied,
+    LeftOut,  ///< the source can't be read, or the target's name is taken by what can't be replaced
+    NoRoom,   ///< no room on the disk, which includes a disk that fails; no memory, no further open files
+};
 
 struct CopiedFile {
     NativeName name;
@@ -38,7 +43,8 @@ public:
     /// Copies a file under its name, as `CopyOneFile` does. What isn't a link loses its read-only mark first.
     /// Files of an `isUnseen` target, which has no name of its own yet and was empty, are written straight to
     /// their names.
-    bool Copy(const HeldFolder& source, const CopiedFile& file, const HeldFolder& target, bool isUnseen);
+    CopyOutcome Copy(const HeldFolder& source, const CopiedFile& file, const HeldFolder& target,
+                     bool isUnseen);
 
 private:
     std::unique_ptr<char[]> m_buffer;

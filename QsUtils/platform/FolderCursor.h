@@ -79,7 +79,8 @@ public:
     bool Remove(const TreeEntry& entry);
     /// Also a link to a folder, which isn't followed.
     bool RemoveEmptyFolder(const NativeName& name);
-    bool MakeFolder(const NativeName& name);
+    /// `lacksRoom`, if given, tells whether it failed because there was no room.
+    bool MakeFolder(const NativeName& name, bool* lacksRoom = nullptr);
 
     std::shared_ptr<const HeldFolder> Hold() const;
 

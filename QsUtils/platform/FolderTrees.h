@@ -19,7 +19,13 @@ bool RemoveFolderTree(const CString& path);
 ///
 /// A subfolder of `source` that is on the way already, because a link leads up or because it is the target,
 /// becomes an empty folder; so does one that has been copied `MostCopiesOfFolder` times by different links.
-void CopyFolderContents(const CString& source, const CString& target);
+///
+/// False when something was left out because there was no room for it.
+bool CopyFolderContents(const CString& source, const CString& target);
+
+/// The same into an empty folder that nobody looks into yet: files are written straight to their names. Ends
+/// as soon as there is no room, and then gives false; what has been copied by then stays.
+bool CopyToUnseenFolder(const CString& source, const CString& target);
 
 inline constexpr int MostCopiesOfFolder = 16;
 

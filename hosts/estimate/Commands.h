@@ -43,6 +43,7 @@ void AddOverview(CLI::App& app, const Streams& streams, int& status);
 void AddExtraCosts(CLI::App& app, const Streams& streams, int& status);
 void AddMarks(CLI::App& app, const Streams& streams, int& status);
 void AddHistory(CLI::App& app, const Streams& streams, int& status);
+void AddBackUp(CLI::App& app, const Streams& streams, int& status);
 
 /// The arguments, or the lines of standard input when there are none; carriage returns fall away.
 std::vector<std::string> ArgumentsOrLines(const std::vector<std::string>& arguments, std::istream& in);

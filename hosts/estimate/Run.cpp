@@ -46,6 +46,7 @@ int Run(const std::vector<std::string>& arguments, const Streams& streams) {
     AddExtraCosts(app, streams, status);
     AddMarks(app, streams, status);
     AddHistory(app, streams, status);
+    AddBackUp(app, streams, status);
     try {
         // The parser takes its arguments from the back.
         std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());

@@ -51,6 +51,7 @@ constexpr const char* endOfModule =
     "XML ends\n"
     "unit decimals end\n"
     "scanner of variables ends\n"
+    "backup names end\n"
     "log writer ends\n"
     "soft version ends\n"
     "majors end\n";

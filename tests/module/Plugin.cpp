@@ -278,6 +278,17 @@ bool CallTasks() {
     return counter.good == 2;
 }
 
+// No backup is made: the path alone is told, and its folder.
+bool CallBackUp() {
+    std::random_device random;
+    CString name;
+    name.Format(u"qsutils-plugin-%x-%x", random(), random());
+    CString path;
+    IQsUtils::GetCurBackUpPath(path, u"\\projects\\" + name + u".gcs");
+    const bool isTold = path.Right(name.GetLength()) == name;
+    return std::filesystem::remove(ToNativePath(path)) && isTold;
+}
+
 struct Service {
     const char* name;
     bool (*call)();
@@ -303,6 +314,7 @@ constexpr std::array services = {
     Service{"folders", CallFolders},
     Service{"documents", CallDocuments},
     Service{"libraries", CallLibraries},
+    Service{"backup", CallBackUp},
     Service{"XML trees", CallXmlTree},
     Service{"XML documents", CallXmlDocument},
     Service{"configuration", CallConfiguration},

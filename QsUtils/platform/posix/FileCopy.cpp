@@ -55,8 +55,10 @@ bool CopyBytes(int from, int to, off_t count, char* buffer) {
         const ssize_t got = ::read(from, buffer, part);
         if (got == 0)
             return true;  // the source has become shorter
-        if (got < 0 && errno != EINTR)
+        if (got < 0 && errno != EINTR) {
+            errno = ENODATA;  // the source's failure, not that of the disk which is written to
             return false;
+        }
         if (got > 0 && !WriteAll(to, buffer, static_cast<std::size_t>(got)))
             return false;
         count -= got > 0 ? got : 0;
@@ -163,35 +165,36 @@ void MakeSourceWritable(const FilePlace& source, int file, struct stat& status) 
 
 }  // namespace
 
-bool CopyBetween(const FilePlace& source, FilePlace target, const CopyOptions& options, char* buffer) {
+CopyOutcome CopyBetween(const FilePlace& source, FilePlace target, const CopyOptions& options, char* buffer) {
     struct stat from {};
     const FileDescriptor file = OpenSource(source, options, from);
     if (options.makesSourceWritable)
         MakeSourceWritable(source, file.Number(), from);
     if (!file.IsOpen())
-        return false;
+        return CopyOutcome::LeftOut;
     struct stat old {};
     bool replaces = false;
     if (!options.isTargetUnseen) {
         std::filesystem::path end = target.path;
         if (FollowLinks(target.base, end) != FileFailure::None)
-            return false;
+            return CopyOutcome::LeftOut;
         target.path = end.native();
         replaces = ::fstatat(target.base, target.path.c_str(), &old, 0) == 0;
         if (replaces && !IsReplaceable(target, old, from))
-            return false;
+            return CopyOutcome::LeftOut;
     }
     // What replaces a private file must not be open to others even for a moment.
     const NewVersion version =
         Begin(target, options.isTargetUnseen, replaces ? S_IRUSR | S_IWUSR : from.st_mode & Permissions);
     if (!version.file.IsOpen())
-        return false;
+        return IsWantOfRoom(errno) ? CopyOutcome::NoRoom : CopyOutcome::LeftOut;
     if (CopyContent(file.Number(), version.file.Number(), from, buffer) &&
         TakeMarks(version.file.Number(), from, replaces ? &old : nullptr) &&
         (options.isTargetUnseen || PutInPlace(version, target, replaces)))
-        return true;
+        return CopyOutcome::Copied;
+    const CopyOutcome outcome = IsWantOfRoom(errno) ? CopyOutcome::NoRoom : CopyOutcome::LeftOut;
     ::unlinkat(target.base, version.path.c_str(), 0);
-    return false;
+    return outcome;
 }
 
 }  // namespace QsPlatform

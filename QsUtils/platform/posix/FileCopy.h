@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string>
 
+#include "QsUtils/platform/FolderCopying.h"
+
 namespace QsPlatform {
 
 /// An entry as the kernel's ...at calls name it.
@@ -22,6 +24,6 @@ struct CopyOptions {
 };
 
 /// As `CopyOneFile` does; `buffer` has `CopyBufferSize` bytes.
-bool CopyBetween(const FilePlace& source, FilePlace target, const CopyOptions& options, char* buffer);
+CopyOutcome CopyBetween(const FilePlace& source, FilePlace target, const CopyOptions& options, char* buffer);
 
 }  // namespace QsPlatform

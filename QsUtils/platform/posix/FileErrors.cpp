@@ -31,6 +31,21 @@ FileFailure FailureOf(int error, FileFailure missing) noexcept {
     }
 }
 
+bool IsWantOfRoom(int error) noexcept {
+    switch (error) {
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG:
+        case EIO:
+        case ENOMEM:
+        case EMFILE:
+        case ENFILE:
+            return true;
+        default:
+            return false;
+    }
+}
+
 void FileDescriptor::Reset(int number) noexcept {
     if (IsOpen())
         ::close(m_number);

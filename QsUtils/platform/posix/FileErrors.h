@@ -10,6 +10,10 @@ namespace QsPlatform {
 /// What an error number of a call on a file means; a missing entry is told as `missing`.
 FileFailure FailureOf(int error, FileFailure missing) noexcept;
 
+/// Whether an error number says that the disk has no room or fails, or that the process has no memory or no
+/// further open files: nothing is wrong with the one file that was to be written.
+bool IsWantOfRoom(int error) noexcept;
+
 class FileDescriptor {
 public:
     explicit FileDescriptor(int number = -1) noexcept : m_number(number) {}

@@ -59,7 +59,8 @@ bool CopyOneFile(const CString& source, const CString& target) {
     if (!from.IsGood() || from.EndsAsFolder() || !to.IsGood() || to.EndsAsFolder())
         return false;
     const std::unique_ptr<char[]> buffer(new char[CopyBufferSize]);
-    return CopyBetween({from.Base(), from.Rest()}, {to.Base(), to.Rest()}, {}, buffer.get());
+    return CopyBetween({from.Base(), from.Rest()}, {to.Base(), to.Rest()}, {}, buffer.get()) ==
+           CopyOutcome::Copied;
 }
 
 bool IsHeldElsewhere(const CString& path) {

@@ -38,8 +38,8 @@ FileCopier::FileCopier() : m_buffer(new char[CopyBufferSize]) {}
 
 FileCopier::~FileCopier() = default;
 
-bool FileCopier::Copy(const HeldFolder& source, const CopiedFile& file, const HeldFolder& target,
-                      bool isUnseen) {
+CopyOutcome FileCopier::Copy(const HeldFolder& source, const CopiedFile& file, const HeldFolder& target,
+                             bool isUnseen) {
     CopyOptions options;
     options.followsSource = file.isLink;
     options.makesSourceWritable = !file.isLink;

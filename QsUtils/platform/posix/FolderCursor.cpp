@@ -1,5 +1,6 @@
 #include "QsUtils/platform/FolderCursor.h"
 
+#include <cerrno>
 #include <cstddef>
 #include <utility>
 #include <vector>
@@ -207,8 +208,11 @@ bool FolderCursor::RemoveEmptyFolder(const NativeName& name) {
            ::unlinkat(folder, name.c_str(), 0) == 0;
 }
 
-bool FolderCursor::MakeFolder(const NativeName& name) {
-    return ::mkdirat(m_state->Folder(), name.c_str(), 0777) == 0;
+bool FolderCursor::MakeFolder(const NativeName& name, bool* lacksRoom) {
+    const bool isMade = ::mkdirat(m_state->Folder(), name.c_str(), 0777) == 0;
+    if (lacksRoom != nullptr)
+        *lacksRoom = !isMade && IsWantOfRoom(errno);
+    return isMade;
 }
 
 std::shared_ptr<const HeldFolder> FolderCursor::Hold() const {

@@ -9,6 +9,7 @@
 #include <linux/limits.h>
 #include <unistd.h>
 
+#include "QsUtils/platform/AbandonedVersions.h"
 #include "QsUtils/platform/posix/FileErrors.h"
 
 namespace QsPlatform {
@@ -46,7 +47,7 @@ std::string TemporaryName() {
     timespec now{};
     ::clock_gettime(CLOCK_REALTIME, &now);
     char name[80];
-    std::snprintf(name, sizeof(name), ".qsutils-%lx-%lx-%x.tmp", static_cast<unsigned long>(::getpid()),
+    std::snprintf(name, sizeof(name), ".qsutils-%x-%x-%lx-%x.tmp", ThisMachine(), ThisProcess(),
                   static_cast<unsigned long>(now.tv_nsec), count.fetch_add(1, std::memory_order_relaxed));
     return name;
 }

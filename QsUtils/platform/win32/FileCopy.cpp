@@ -39,25 +39,31 @@ bool Flush(const std::wstring& path) {
     return isFlushed && ::SetFileAttributesW(path.c_str(), attributes);
 }
 
-bool CopyToNewName(const std::wstring& source, const std::wstring& target, bool replaces) {
+CopyOutcome OutcomeOf(DWORD error) noexcept {
+    return IsWantOfRoom(error) ? CopyOutcome::NoRoom : CopyOutcome::LeftOut;
+}
+
+CopyOutcome CopyToNewName(const std::wstring& source, const std::wstring& target, bool replaces) {
     const std::wstring folder = target.substr(0, target.find_last_of(L"\\/:") + 1);
     for (int names = 0; names < MostNames; ++names) {
         const std::wstring version = folder + TemporaryName();
         if (!::CopyFileW(source.c_str(), version.c_str(), TRUE)) {
-            if (::GetLastError() == ERROR_FILE_EXISTS)
+            const DWORD error = ::GetLastError();
+            if (error == ERROR_FILE_EXISTS)
                 continue;
             ::DeleteFileW(version.c_str());
-            return false;
+            return OutcomeOf(error);
         }
         if ((!replaces || Flush(version)) &&
             ::MoveFileExW(version.c_str(), target.c_str(),
                           replaces ? MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH : 0))
-            return true;
+            return CopyOutcome::Copied;
+        const DWORD error = ::GetLastError();
         ::SetFileAttributesW(version.c_str(), FILE_ATTRIBUTE_NORMAL);
         ::DeleteFileW(version.c_str());
-        return false;
+        return OutcomeOf(error);
     }
-    return false;
+    return CopyOutcome::LeftOut;
 }
 
 }  // namespace
@@ -66,12 +72,13 @@ bool SetNormal(const std::wstring& path) {
     return ::SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL) != 0;
 }
 
-bool CopyBetween(const std::wstring& source, std::wstring target, bool isTargetUnseen) {
+CopyOutcome CopyBetween(const std::wstring& source, std::wstring target, bool isTargetUnseen) {
     const DWORD from = ::GetFileAttributesW(source.c_str());
     if (from == INVALID_FILE_ATTRIBUTES || (from & FILE_ATTRIBUTE_DIRECTORY) != 0 || target.empty())
-        return false;
+        return CopyOutcome::LeftOut;
     if (isTargetUnseen)
-        return ::CopyFileW(source.c_str(), target.c_str(), TRUE) != 0;
+        return ::CopyFileW(source.c_str(), target.c_str(), TRUE) ? CopyOutcome::Copied
+                                                                 : OutcomeOf(::GetLastError());
     DWORD to = ::GetFileAttributesW(target.c_str());
     if (to != INVALID_FILE_ATTRIBUTES && IsLinkPath(target)) {
         target = FollowLink(target);
@@ -80,7 +87,7 @@ bool CopyBetween(const std::wstring& source, std::wstring target, bool isTargetU
     const bool replaces = to != INVALID_FILE_ATTRIBUTES;
     if (replaces &&
         ((to & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0 || IsSameFile(source, target)))
-        return false;
+        return CopyOutcome::LeftOut;
     return CopyToNewName(source, target, replaces);
 }
 

@@ -3,11 +3,13 @@
 
 #include <string>
 
+#include "QsUtils/platform/FolderCopying.h"
+
 namespace QsPlatform {
 
 /// As `CopyOneFile` does, with paths that the system's calls take. A file of an unseen target is written
 /// straight to its name.
-bool CopyBetween(const std::wstring& source, std::wstring target, bool isTargetUnseen);
+CopyOutcome CopyBetween(const std::wstring& source, std::wstring target, bool isTargetUnseen);
 
 /// Takes the read-only mark off, and with it all others.
 bool SetNormal(const std::wstring& path);

@@ -27,4 +27,23 @@ FileFailure FailureOf(DWORD error, FileFailure missing) noexcept {
     }
 }
 
+bool IsWantOfRoom(DWORD error) noexcept {
+    constexpr DWORD QuotaExceeded = 1295;  // which not every version of the headers names
+    switch (error) {
+        case ERROR_DISK_FULL:
+        case ERROR_HANDLE_DISK_FULL:
+        case QuotaExceeded:
+        case ERROR_FILE_TOO_LARGE:
+        case ERROR_WRITE_FAULT:
+        case ERROR_IO_DEVICE:
+        case ERROR_NOT_ENOUGH_MEMORY:
+        case ERROR_OUTOFMEMORY:
+        case ERROR_NO_SYSTEM_RESOURCES:
+        case ERROR_TOO_MANY_OPEN_FILES:
+            return true;
+        default:
+            return false;
+    }
+}
+
 }  // namespace QsPlatform

@@ -9,6 +9,10 @@ namespace QsPlatform {
 /// What an error code of a call on a file means; a missing entry is told as `missing`.
 FileFailure FailureOf(DWORD error, FileFailure missing) noexcept;
 
+/// Whether an error code says that the disk has no room or fails, or that the process has no memory or no
+/// further open files: nothing is wrong with the one file that was to be written.
+bool IsWantOfRoom(DWORD error) noexcept;
+
 class FileHandle {
 public:
     explicit FileHandle(HANDLE handle) noexcept : m_handle(handle) {}

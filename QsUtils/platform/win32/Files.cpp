@@ -20,7 +20,7 @@ bool MakeWritable(const CString& path) {
 }
 
 bool CopyOneFile(const CString& source, const CString& target) {
-    return CopyBetween(SystemPath(source), SystemPath(target), false);
+    return CopyBetween(SystemPath(source), SystemPath(target), false) == CopyOutcome::Copied;
 }
 
 bool IsHeldElsewhere(const CString& path) {

@@ -30,8 +30,8 @@ FileCopier::FileCopier() = default;  // the system has memory of its own for it
 
 FileCopier::~FileCopier() = default;
 
-bool FileCopier::Copy(const HeldFolder& source, const CopiedFile& file, const HeldFolder& target,
-                      bool isUnseen) {
+CopyOutcome FileCopier::Copy(const HeldFolder& source, const CopiedFile& file, const HeldFolder& target,
+                             bool isUnseen) {
     if (!file.isLink)
         SetNormal(source.Entry(file.name));
     return CopyBetween(source.Entry(file.name), target.Entry(file.name), isUnseen);

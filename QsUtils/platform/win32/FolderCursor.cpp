@@ -178,8 +178,11 @@ bool FolderCursor::RemoveEmptyFolder(const NativeName& name) {
     return ::RemoveDirectoryW((m_state->path + name).c_str()) != 0;
 }
 
-bool FolderCursor::MakeFolder(const NativeName& name) {
-    return ::CreateDirectoryW((m_state->path + name).c_str(), nullptr) != 0;
+bool FolderCursor::MakeFolder(const NativeName& name, bool* lacksRoom) {
+    const bool isMade = ::CreateDirectoryW((m_state->path + name).c_str(), nullptr) != 0;
+    if (lacksRoom != nullptr)
+        *lacksRoom = !isMade && IsWantOfRoom(::GetLastError());
+    return isMade;
 }
 
 std::shared_ptr<const HeldFolder> FolderCursor::Hold() const {

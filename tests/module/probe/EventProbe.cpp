@@ -7,6 +7,8 @@
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/RuntimeException.hpp>
 
+#include "QsUtils/backup/BackUpNames.h"
+
 namespace {
 
 struct Watch {
@@ -76,6 +78,10 @@ void WatchFirstNotedBlock(const char* event) noexcept {
     isNoting = false;
     if (noted.front() != nullptr)
         WatchBlock(noted.front(), event);
+}
+
+void WatchBackUpNames(const char* event) noexcept {
+    WatchBlock(QsBackup::VersionFile.GetString(), event);
 }
 
 }  // namespace EventProbe

@@ -24,6 +24,7 @@ TEST_EXPORT void ProbeReport(const char* event) {
 TEST_EXPORT void ProbeUseLibrary() {
     PluginSetSoftVersion(u"a version text that is too long for the object itself");
     EventProbe::WatchBlock(PluginSoftVersionUnits(), "soft version ends");
+    EventProbe::WatchBackUpNames("backup names end");
     WatchService(PluginUseMajors, "majors end");
     WatchService(PluginUseConfigurationReader, "configuration reader ends");
     EventProbe::BeginNotingBlocks();

@@ -1,0 +1,195 @@
+#include "QsUtils/backup/FolderReplacement.h"
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "QsUtils/material/MaterialDigest.h"
+#include "QsUtils/platform/EntryMoves.h"
+#include "QsUtils/platform/Files.h"
+#include "QsUtils/platform/FolderEntries.h"
+#include "QsUtils/platform/FolderListing.h"
+#include "QsUtils/platform/FolderTrees.h"
+#include "QsUtils/platform/Folders.h"
+
+namespace QsBackup {
+
+namespace {
+
+/// A name of that many units takes an ending on every system, whose names have 255 units or bytes.
+constexpr int LongestName = 64;
+
+bool IsThere(const CString& path) {
+    return QsPlatform::FindEntry(path).has_value();
+}
+
+int NameAt(const CString& path) {
+    return path.ReverseFind(u'\\') + 1;
+}
+
+/// The path without backslashes at its end; empty for what has no name of its own.
+CString Replaceable(CString path) {
+    path.TrimRight(u'\\');
+    const CString name = path.Mid(NameAt(path));
+    const bool isPlace = name.IsEmpty() || name == u"." || name == u".." || name.Right(1) == u":";
+    return isPlace ? CString() : path;
+}
+
+/// What stands beside a folder. A long name is cut, and its digest tells it from others that begin alike.
+CString Beside(const CString& folder, const char16_t* ending) {
+    const int at = NameAt(folder);
+    CString name = folder.Mid(at);
+    if (name.GetLength() > LongestName)
+        name = name.Left(LongestName / 2) + u"-" + QsMaterial::StreamMd5(name);
+    return folder.Left(at) + name + ending;
+}
+
+/// Moves what is in `from` into `to`, folder by folder, in place of what stands there.
+void MoveContents(const CString& from, const CString& to) {
+    std::vector<CString> folders(1);
+    while (!folders.empty()) {
+        const CString below = std::move(folders.back());
+        folders.pop_back();
+        for (const QsPlatform::FolderEntry& entry : QsPlatform::FindEntries(from + below + u"\\*")) {
+            if (entry.isDots)
+                continue;
+            const CString path = below + u"\\" + entry.name;
+            if (entry.isFolder && !QsPlatform::IsLink(from + path)) {
+                QsPlatform::RemoveFile(to + path);
+                QsPlatform::CreateFolder(to + path);
+                folders.push_back(path);
+                continue;
+            }
+            if (QsPlatform::IsFolder(to + path) && !QsPlatform::IsLink(to + path))
+                QsPlatform::RemoveFolderTree(to + path);
+            QsPlatform::MoveFileOver(from + path, to + path);
+        }
+    }
+}
+
+/// Removes a copy of ours, in which nothing is worth keeping.
+void RemoveCopy(const CString& folder) {
+    if (QsPlatform::RemoveFolderTree(folder))
+        return;
+    std::vector<CString> folders(1, folder);
+    while (!folders.empty()) {
+        const CString path = std::move(folders.back());
+        folders.pop_back();
+        for (const QsPlatform::FolderEntry& entry : QsPlatform::FindEntries(path + u"\\*")) {
+            const CString below = path + u"\\" + entry.name;
+            if (entry.isDots)
+                continue;
+            QsPlatform::MakeWritable(below);
+            if (entry.isFolder && !QsPlatform::IsLink(below))
+                folders.push_back(below);
+        }
+    }
+    QsPlatform::RemoveFolderTree(folder);
+}
+
+}  // namespace
+
+FolderReplacement::FolderReplacement(const CString& folder) : m_folder(Replaceable(folder)) {
+    m_new = Beside(m_folder, u".qsutils-new");
+    m_ready = Beside(m_folder, u".qsutils-ready");
+    m_old = Beside(m_folder, u".qsutils-old");
+    m_out = Beside(m_folder, u".qsutils-out");
+}
+
+void FolderReplacement::Recover() {
+    if (m_folder.IsEmpty())
+        return;
+    if (IsThere(m_new))
+        RemoveCopy(m_new);
+    if (IsThere(m_out))
+        ClearOut();
+    if (IsThere(m_ready))
+        PutReadyInPlace();
+    if (IsThere(m_old))
+        QsPlatform::MoveEntry(m_old, IsThere(m_folder) ? m_out : m_folder);
+    if (IsThere(m_out))
+        ClearOut();
+}
+
+bool FolderReplacement::ReplaceByCopyOf(const CString& source) {
+    if (m_folder.IsEmpty() || (IsThere(m_folder) && !QsPlatform::IsFolder(m_folder)))
+        return true;
+    Recover();
+    if (Copy(source) && PutInPlace())
+        return true;
+    if (IsThere(m_new))
+        RemoveCopy(m_new);
+    return false;
+}
+
+bool FolderReplacement::Copy(const CString& source) const {
+    if (!QsPlatform::CreateFolder(m_new) || !QsPlatform::CopyToUnseenFolder(source, m_new))
+        return false;
+    // Once for all files, before the copy gets the name: flushing them one by one takes many times as long.
+    QsPlatform::FlushFileSystem(m_new);
+    return true;
+}
+
+/// One step that exchanges both versions where the system has it. Where it doesn't, the ready version tells a
+/// further call what to do about the moment at which neither has the name.
+bool FolderReplacement::PutInPlace() const {
+    if (!IsThere(m_folder))
+        return QsPlatform::MoveEntry(m_new, m_folder);
+    if (QsPlatform::MoveEntry(m_new, m_out)) {
+        if (QsPlatform::ExchangeEntries(m_out, m_folder)) {
+            ClearOut();
+            return true;
+        }
+        return QsPlatform::MoveEntry(m_out, m_ready) && PutReadyInPlace();
+    }
+    return QsPlatform::MoveEntry(m_new, m_ready) && PutReadyInPlace();
+}
+
+bool FolderReplacement::PutReadyInPlace() const {
+    if (IsThere(m_folder)) {
+        if (IsThere(m_old)) {
+            // Both versions are beside a folder that somebody has made since; what is in it goes before them.
+            if (!QsPlatform::RemoveFolder(m_folder)) {
+                DropReady();
+                return false;
+            }
+        } else if (!QsPlatform::MoveEntry(m_folder, m_old)) {
+            return RewriteFromReady();
+        }
+    }
+    if (!QsPlatform::MoveEntry(m_ready, m_folder)) {
+        QsPlatform::MoveEntry(m_old, m_folder);
+        return false;
+    }
+    if (QsPlatform::MoveEntry(m_old, m_out))
+        ClearOut();
+    return true;
+}
+
+/// For a folder that can't be moved, because it is a file system's root or a file in it is open. The ready
+/// version stays until all of it has been copied.
+bool FolderReplacement::RewriteFromReady() const {
+    QsPlatform::RemoveFolderTree(m_folder);
+    QsPlatform::CreateFolder(m_folder);
+    if (!QsPlatform::IsFolder(m_folder) || !QsPlatform::CopyFolderContents(m_ready, m_folder))
+        return false;
+    QsPlatform::FlushFileSystem(m_folder);
+    DropReady();
+    return true;
+}
+
+/// What is only half removed must not pass for a ready version.
+void FolderReplacement::DropReady() const {
+    if (QsPlatform::MoveEntry(m_ready, m_new))
+        RemoveCopy(m_new);
+}
+
+/// What can't be removed would have stayed in the folder, had its entries been removed there.
+void FolderReplacement::ClearOut() const {
+    if (QsPlatform::RemoveFolderTree(m_out) || !IsThere(m_out))
+        return;
+    MoveContents(m_out, m_folder);
+    QsPlatform::RemoveFolderTree(m_out);
+}
+
+}  // namespace QsBackup

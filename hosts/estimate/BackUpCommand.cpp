@@ -1,0 +1,128 @@
+// The backup of a project's working copy, one event at a time.
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <system_error>
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+
+#include "Commands.h"
+#include "Files.h"
+#include "Refusal.h"
+#include "Utf8.h"
+
+namespace Estimate {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The path of the project file in full, as the library takes it; none for a name that its form can't say.
+std::optional<CString> ProjectPath(const std::string& argument) {
+    std::error_code error;
+    const fs::path full =
+        fs::absolute(std::u8string(argument.begin(), argument.end()), error).lexically_normal();
+    const std::u8string name = full.u8string();
+    if (error || !LibraryPath(std::string(name.begin(), name.end())))
+        return std::nullopt;
+    return FromNativePath(full);
+}
+
+/// The database stands beside the project file.
+bool HasDataBase(const CString& project) {
+    const int point = project.ReverseFind(u'.');
+    std::error_code ignored;
+    return fs::is_regular_file(ToNativePath((point < 0 ? project : project.Left(point)) + u".mdb"), ignored);
+}
+
+std::string NativeText(const CString& path) {
+    const std::u8string text = ToNativePath(path).u8string();
+    return std::string(text.begin(), text.end());
+}
+
+using Event = int (*)(const CString& project, const Streams& streams);
+
+int Open(const CString& project, const Streams& streams) {
+    if (!HasDataBase(project)) {
+        Refuse(streams, "there is no database beside the project: " + NativeText(project));
+        return CannotRun;
+    }
+    CString working;
+    IQsUtils::InitBackUpInfo(project);
+    IQsUtils::GetCurBackUpDataBasePath(working, project);
+    std::error_code ignored;
+    if (!fs::is_regular_file(ToNativePath(working), ignored)) {
+        Refuse(streams, "the working copy could not be made: " + NativeText(working));
+        return CannotRun;
+    }
+    streams.out << NativeText(working) << '\n';
+    return AllDone;
+}
+
+/// The other events need a project that is open.
+bool IsOpen(const CString& project, const Streams& streams) {
+    CString working;
+    IQsUtils::GetCurBackUpDataBasePath(working, project);
+    std::error_code ignored;
+    return fs::is_regular_file(ToNativePath(working), ignored) ||
+           Refuse(streams, "the project is not open: " + NativeText(project));
+}
+
+int Save(const CString& project, const Streams& streams) {
+    if (!IsOpen(project, streams))
+        return CannotRun;
+    IQsUtils::OnBackUpSaveFile(project);
+    return AllDone;
+}
+
+int Discard(const CString& project, const Streams& streams) {
+    if (!IsOpen(project, streams))
+        return CannotRun;
+    IQsUtils::OnNotSaveGraphicFile(project);
+    return AllDone;
+}
+
+int Changed(const CString& project, const Streams& streams) {
+    if (!IsOpen(project, streams))
+        return CannotRun;
+    IQsUtils::UpdateGraphicFileVer(project);
+    return AllDone;
+}
+
+void AddEvent(CLI::App& backUp, const char* name, const char* help, Event event, const Streams& streams,
+              int& status) {
+    auto project = std::make_shared<std::string>();
+    CLI::App* command = backUp.add_subcommand(name, help);
+    command
+        ->add_option("project", *project,
+                     "The project file; its database and its folder of drawings stand beside it")
+        ->required();
+    command->callback([project, event, &streams, &status] {
+        const std::optional<CString> path = ProjectPath(*project);
+        if (path) {
+            status = event(*path, streams);
+        } else {
+            Refuse(streams, "the library can't name this file: " + *project);
+            status = CannotRun;
+        }
+    });
+}
+
+}  // namespace
+
+void AddBackUp(CLI::App& app, const Streams& streams, int& status) {
+    CLI::App* command =
+        app.add_subcommand("backup", "Keep the working copy of a project beside this program");
+    command->require_subcommand(1);
+    AddEvent(*command, "open", "Copy the project's database and drawings, and print where to work", Open,
+             streams, status);
+    AddEvent(*command, "save", "Put the working copy back, and keep the drawings as saved", Save, streams,
+             status);
+    AddEvent(*command, "discard", "Make the drawings again what they were at the last save", Discard, streams,
+             status);
+    AddEvent(*command, "changed", "Note that the drawings have been changed", Changed, streams, status);
+}
+
+}  // namespace Estimate
