@@ -88,7 +88,7 @@ inline constexpr const char* exportedNames[] = {
     "IQsUtils1::FindPath(CString&, CString const&, CString const&, CString const&)",
     "IQsUtils1::GenerateMaterialMD5(CommonMaterialKey*)",
     "IQsUtils1::GetCharCount(CString const&)",
-    "IQsUtils1::AllocateExtraCostData(unsigned long)",
+    "IQsUtils1::AllocateExtraCostData(std::uint64_t)",
     "IQsUtils1::CreateProjOverViewInfo(CString const&, std::list<QS_ProjectOverView::stuColInfo*> const&)",
     "IQsUtils1::GetExtraCostCalType(CString const&, CString const&, CString const&)",
     "IQsUtils1::GetExtraCostDataByKey(CString const&)",
@@ -103,7 +103,8 @@ inline constexpr const char* exportedNames[] = {
     "IQsUtils1::SetExtraCostData(CString const&, void*)",
     "IQsUtils1::WriteHistory(CString const&, CString const&)",
     "QS_ProjectOverView::CProjectOverViewFactory::CProjectOverViewFactory()",
-    "QS_ProjectOverView::CProjectOverViewFactory::operator=(QS_ProjectOverView::CProjectOverViewFactory const&)",
+    "QS_ProjectOverView::CProjectOverViewFactory::operator=(QS_ProjectOverView::CProjectOverViewFactory "
+    "const&)",
     "IQsUtils1::GetExcelInstallVersion()",
     "IQsUtils1::GetFormatedRateOfTransPrice(CString const&)",
     "IQsUtils1::GetIndicatorsFactor(CString const&, CString const&, double&)",

@@ -34,8 +34,6 @@ std::string ShortName(std::string name) {
         {", std::less<int>, std::allocator<std::pair<int const, CString> > >", ">"},
         {", std::less<CString>, std::allocator<std::pair<CString const, CString> > >", ">"},
         {", std::allocator<QS_ProjectOverView::stuColInfo*> >", ">"},
-        // How a size is called differs from system to system.
-        {"unsigned long long", "unsigned long"},
     };
     for (const auto& [from, to] : rules)
         ReplaceAll(name, from, to);

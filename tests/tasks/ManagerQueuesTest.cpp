@@ -1,5 +1,6 @@
 // The operations of the task manager for derived classes, and its private ones.
 #include <atomic>
+#include <chrono>
 #include <string>
 #include <thread>
 #include <vector>
@@ -231,17 +232,27 @@ TEST_P(ManagerQueues, ExitsByNameAndByTask) {
 }
 
 TEST_P(ManagerQueues, AThreadIsWaitedForAndItsHandleClosed) {
-    TestTask* const task = Task(u"t");
-    m_manager.StartTask(task);
-    const HANDLE thread = task->GetThread();
-    m_gate.Open();
-    m_manager.CloseTaskThread(*task);
-    EXPECT_EQ(task->GetThread(), nullptr);
-    EXPECT_EQ(WaitForSingleObject(thread, 0), WAIT_FAILED);
-    m_manager.CloseTaskThread(*task);
-    EXPECT_EQ(m_alive, 1) << "the task stays";
-    m_manager.CancelTask(u"t");
-    EXPECT_EQ(m_alive, 0);
+    // A task has no handle any more once it has ended, so the call must come before that.
+    bool isClosed = false;
+    for (int pause = 10; !isClosed && pause < 5000; pause *= 2) {
+        TestTask* const task = new TestTask(
+            m_manager, u"t",
+            [pause] {
+                std::this_thread::sleep_for(std::chrono::milliseconds(pause));
+                return 1;
+            },
+            &m_alive);
+        m_manager.StartTask(task);
+        const HANDLE thread = task->GetThread();
+        m_manager.CloseTaskThread(*task);
+        EXPECT_EQ(task->GetThread(), nullptr);
+        isClosed = WaitForSingleObject(thread, 0) == WAIT_FAILED;
+        m_manager.CloseTaskThread(*task);
+        EXPECT_EQ(m_alive, 1) << "the task stays";
+        m_manager.CancelTask(u"t");
+        EXPECT_EQ(m_alive, 0);
+    }
+    EXPECT_TRUE(isClosed);
 }
 
 TEST_P(ManagerQueues, ACompletionTellsTheObservers) {
