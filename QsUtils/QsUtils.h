@@ -13,6 +13,7 @@
 #include "QsUtils/frame/IQsUtils1.h"
 #include "QsUtils/library/LibraryManager.h"
 #include "QsUtils/material/CommonMaterialKey.h"
+#include "QsUtils/platform/Geometry.h"
 #include "QsUtils/platform/Handles.h"
 #include "QsUtils/platform/NativePath.h"
 #include "QsUtils/tasks/CQSThreadManager.h"
