@@ -23,6 +23,7 @@
 #include "QsUtils/text/CAtlException.h"
 #include "QsUtils/text/CString.h"
 #include "QsUtils/text/CStringArray.h"
+#include "QsUtils/ui/TextTip.h"
 #include "QsUtils/ui/YsType.h"
 #include "QsUtils/xml/XMLNode.h"
 #include "QsUtils/xml/XmlAccess.h"
