@@ -43,10 +43,11 @@ struct Level {
     FolderIdentity identity;
 };
 
+/// With a backslash at its end; empty when the current folder isn't known.
 std::u16string FullFolder(const CString& folder) {
     const CString full = folder.IsEmpty() ? QsPlatform::CurrentFolder() : QsPlatform::AbsolutePath(folder);
     std::u16string path(full.View());
-    if (!path.ends_with(u'\\'))
+    if (!path.empty() && !path.ends_with(u'\\'))
         path += u'\\';
     return path;
 }

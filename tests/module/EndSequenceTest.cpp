@@ -39,9 +39,15 @@ std::string EventsOfExit(const ProgramResult& result) {
     return events;
 }
 
+#if defined(PROBED_VIEWS)
+#define TIP_EVENT(event) event "\n"
+#else
+#define TIP_EVENT(event)
+#endif
+
 constexpr const char* endOfModule =
     "the host's data ends\n"
-    "configuration reader ends\n"
+    "configuration reader ends\n" TIP_EVENT("tip's window ends")
     "common directories end\n"
     "project directories end\n"
     "library directories end\n"
@@ -50,7 +56,7 @@ constexpr const char* endOfModule =
     "XML tool ends\n"
     "XML ends\n"
     "unit decimals end\n"
-    "scanner of variables ends\n"
+    "scanner of variables ends\n" TIP_EVENT("tip ends")
     "backup names end\n"
     "log writer ends\n"
     "soft version ends\n"

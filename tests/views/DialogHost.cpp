@@ -104,12 +104,14 @@ Scene SceneOf(const std::string& action, const std::string& argument) {
         return pickRow(Qt::Key_Escape);
     if (action == "nothing")
         return PickNothing();
+    if (action == "quit")
+        return Pick([](QWidget*) { QCoreApplication::quit(); });
     if (action == "folder")
         return Browse(argument);
     return Tip();
 }
 
-int RunWithApplication(int& count, char** arguments, const Scene& scene, bool onWorker) {
+void RunWithApplication(int& count, char** arguments, const Scene& scene, bool onWorker) {
     QApplication application(count, arguments);
     QWidget window;
     window.show();
@@ -126,14 +128,13 @@ int RunWithApplication(int& count, char** arguments, const Scene& scene, bool on
             QCoreApplication::quit();
         }
     });
-    const int status = QApplication::exec();
+    QApplication::exec();
     if (worker.joinable())
         worker.join();
-    return status;
 }
 
 /// The user sits down at the application that the library makes.
-int RunWithout(const Scene& scene) {
+void RunWithout(const Scene& scene) {
     std::thread user([&] {
         while (QCoreApplication::instance() == nullptr || QCoreApplication::startingUp())
             QThread::msleep(5);
@@ -141,7 +142,6 @@ int RunWithout(const Scene& scene) {
     });
     scene.host();
     user.join();
-    return 0;
 }
 
 }  // namespace
@@ -155,8 +155,9 @@ int main(int count, char** arguments) {
         return 2;
     IQsUtils::SetSoftVersion(u"7.1");
     const Scene scene = SceneOf(arguments[3], count > 4 ? arguments[4] : "");
-    const int status =
-        mode == "none" ? RunWithout(scene) : RunWithApplication(count, arguments, scene, mode == "worker");
-    std::fflush(stdout);
-    return status;
+    if (mode == "none")
+        RunWithout(scene);
+    else
+        RunWithApplication(count, arguments, scene, mode == "worker");
+    return 0;
 }

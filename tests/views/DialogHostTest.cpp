@@ -129,6 +129,16 @@ TEST_P(DialogHosts, ATipIsShownAfterItsDelayAndClosed) {
     EXPECT_EQ(result.err, "");
 }
 
+TEST(DialogOfAnotherThread, EndsWithTheApplication) {
+    const SampleCopy sample;
+    for (int round = 0; round < 5; ++round) {
+        const ProgramResult result =
+            RunProgram({DIALOG_HOST, {"worker", sample.Folder().string(), "quit"}, On("offscreen"), {}});
+        EXPECT_EQ(result.out, "picked: []\n");
+        EXPECT_EQ(result.status, 0);
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(AllKinds, DialogHosts,
                          testing::Combine(testing::Values("own", "worker", "none"),
                                           testing::Values("xcb", "offscreen")),
@@ -148,8 +158,8 @@ TEST(PlainHost, WithoutADisplayDialogsAnswerAsIfCancelled) {
 }
 
 TEST(PlainHost, WithoutADisplayTheTipSaysSoOnceAndDoesNothing) {
-    const ProgramResult result = RunPlain({"tip", "tip", "tip"}, WithoutDisplay());
-    EXPECT_EQ(result.out, "longer: 0\nlonger: 0\nlonger: 0\n");
+    const ProgramResult result = RunPlain({"tip", "tip", "tip", "qt"}, WithoutDisplay());
+    EXPECT_EQ(result.out, "longer: 0\nlonger: 0\nlonger: 0\nno Qt\n");
     EXPECT_EQ(result.err, noDisplay);
     EXPECT_EQ(result.status, 0);
 }
@@ -177,6 +187,15 @@ TEST(PlainHost, ItsLocaleStays) {
 TEST(PlainHost, ItEndsCleanlyWithTheTipShown) {
     for (int round = 0; round < 5; ++round)
         EXPECT_EQ(RunPlain({"tip"}, On("xcb")).status, 0);
+}
+
+TEST(ReloadingHost, TheLibraryLeavesEachTimeAndFindsQtAgain) {
+    for (const char* platform : {"offscreen", "xcb"}) {
+        const ProgramResult result = RunProgram({RELOAD_HOST, {QSUTILS_MODULE, "50"}, On(platform), {}});
+        EXPECT_EQ(result.out, "gone 50 times\n");
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.err, "");
+    }
 }
 
 /// The library in a folder of its own, with or without its views.

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QSemaphore>
+#include <QThread>
 #include <atomic>
 #include <bit>
 #include <clocale>
@@ -26,7 +27,8 @@ constexpr int MostMillisecondsToHold = 2000;
 
 void HoldThread() {
     QCoreApplication* const application = QCoreApplication::instance();
-    if (application == nullptr || isHeld.exchange(true))
+    // The thread itself ends the process when its display has gone.
+    if (application == nullptr || QThread::currentThread() == application->thread() || isHeld.exchange(true))
         return;
     // Never freed: the thread may come to it late.
     QSemaphore* const isThere = new QSemaphore;

@@ -64,7 +64,6 @@ QDialog* Make(const std::function<QDialog*(QWidget*)>& make) {
     QDialog* const dialog = make(Parent());
     dialog->setModal(true);
     dialog->setAttribute(Qt::WA_QuitOnClose, false);  // it isn't the last window of a host that shows none
-    QObject::connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, dialog, &QDialog::reject);
     return dialog;
 }
 
@@ -127,6 +126,9 @@ bool RunDialog(const std::function<QDialog*(QWidget* parent)>& make,
                 QCoreApplication::instance(), [token, closed] { delete closed.data(); },
                 Qt::QueuedConnection);
         });
+        // When the application ends nothing runs its events any more, and the caller would wait for ever.
+        QObject::connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, dialog,
+                         [dialog] { delete dialog; });
         dialog->show();
         dialog->raise();
         dialog->activateWindow();
