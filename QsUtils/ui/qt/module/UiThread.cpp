@@ -1,0 +1,120 @@
+#include "QsUtils/ui/qt/module/UiThread.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QPointer>
+#include <QSemaphore>
+#include <QThread>
+#include <memory>
+#include <mutex>
+
+#include "QsUtils/ui/qt/module/Display.h"
+#include "QsUtils/ui/qt/module/OwnApplication.h"
+
+namespace QsQt::UiThread {
+
+namespace {
+
+constinit std::mutex starting;
+
+/// Lets a waiting thread go on when it is destroyed, be it because all is done or because nobody will do it.
+class Awaited {
+public:
+    explicit Awaited(QSemaphore& end) : m_end(end) {}
+    Awaited(const Awaited&) = delete;
+    Awaited& operator=(const Awaited&) = delete;
+    ~Awaited() { m_end.release(); }
+
+private:
+    QSemaphore& m_end;
+};
+
+bool IsCurrent() {
+    return QThread::currentThread() == QCoreApplication::instance()->thread();
+}
+
+/// Has work done on the thread of the windows, and waits until everything that holds the token has let it go.
+void RunElsewhere(const std::function<void(const std::shared_ptr<Awaited>&)>& work) {
+    QSemaphore end;
+    {
+        const auto token = std::make_shared<Awaited>(end);
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(), [&work, token] { work(token); }, Qt::QueuedConnection);
+    }
+    end.acquire();
+}
+
+QWidget* Parent() {
+    QWidget* const modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : QApplication::activeWindow();
+}
+
+QDialog* Make(const std::function<QDialog*(QWidget*)>& make) {
+    QDialog* const dialog = make(Parent());
+    dialog->setModal(true);
+    dialog->setAttribute(Qt::WA_QuitOnClose, false);  // it isn't the last window of a host that shows none
+    QObject::connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, dialog, &QDialog::reject);
+    return dialog;
+}
+
+}  // namespace
+
+bool Start(std::u16string& reason) {
+    const std::lock_guard lock(starting);
+    if (QCoreApplication::instance() == nullptr) {
+        const Platform platform = FindPlatform();
+        if (platform.name.empty()) {
+            reason = platform.reason;
+            return false;
+        }
+        StartOwnApplication(platform.name);
+    }
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr) {
+        reason = u"the host's application has no windows.";
+        return false;
+    }
+    return IsAlive();
+}
+
+bool IsAlive() {
+    return QCoreApplication::instance() != nullptr && !IsOwnApplicationHeld();
+}
+
+void Run(const std::function<void()>& work) {
+    if (!IsAlive())
+        return;
+    if (IsCurrent())
+        work();
+    else
+        RunElsewhere([&](const std::shared_ptr<Awaited>&) { work(); });
+}
+
+bool RunDialog(const std::function<QDialog*(QWidget* parent)>& make,
+               const std::function<void(const QDialog&)>& read) {
+    bool isAccepted = false;
+    if (IsCurrent()) {
+        // Its parent may be destroyed while it is open, and takes it along.
+        const QPointer<QDialog> dialog = Make(make);
+        isAccepted = dialog->exec() == QDialog::Accepted && !dialog.isNull();
+        if (isAccepted)
+            read(*dialog);
+        delete dialog.data();
+        return isAccepted;
+    }
+    RunElsewhere([&](const std::shared_ptr<Awaited>& token) {
+        QDialog* const dialog = Make(make);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        QObject::connect(dialog, &QDialog::accepted, dialog, [&, dialog] {
+            isAccepted = true;
+            read(*dialog);
+        });
+        // The connection goes with the dialog, and the token with the connection.
+        QObject::connect(dialog, &QObject::objectNameChanged, dialog, [token] {});
+        dialog->show();
+        dialog->raise();
+        dialog->activateWindow();
+    });
+    return isAccepted;
+}
+
+}  // namespace QsQt::UiThread
