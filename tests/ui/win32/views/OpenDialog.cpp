@@ -12,8 +12,11 @@ struct Search {
     const std::wstring* title = nullptr;
     HWND owner = nullptr;
     HWND found = nullptr;
-    int count = 0;
 };
+
+bool IsMeant(HWND window, const std::wstring& text, const std::wstring& title) {
+    return title.empty() ? !text.empty() && ClassOf(window) == L"#32770" : text == title;
+}
 
 BOOL CALLBACK Look(HWND window, LPARAM parameter) {
     Search& search = *reinterpret_cast<Search*>(parameter);
@@ -22,8 +25,7 @@ BOOL CALLBACK Look(HWND window, LPARAM parameter) {
     if (process != ::GetCurrentProcessId() || !::IsWindowVisible(window))
         return TRUE;
     const std::wstring text = TextOf(window);
-    search.count += text.empty() ? 0 : 1;
-    if (search.title != nullptr && text == *search.title &&
+    if (search.title != nullptr && IsMeant(window, text, *search.title) &&
         (search.owner == nullptr || ::GetWindow(window, GW_OWNER) == search.owner))
         search.found = window;
     return TRUE;
@@ -57,16 +59,17 @@ bool WaitForEnd(HWND window) {
     return Eventually([window] { return !::IsWindow(window); });
 }
 
-int CountOpenWindows() {
-    Search search;
-    ::EnumWindows(Look, reinterpret_cast<LPARAM>(&search));
-    return search.count;
-}
-
 std::wstring TextOf(HWND window) {
     wchar_t text[MostUnits] = {};
     ::InternalGetWindowText(window, text, MostUnits);
     return text;
+}
+
+bool HasText(HWND dialog, const std::wstring& text) {
+    HWND child = ::GetWindow(dialog, GW_CHILD);
+    while (child != nullptr && TextOf(child) != text)
+        child = ::GetWindow(child, GW_HWNDNEXT);
+    return child != nullptr;
 }
 
 std::wstring ClassOf(HWND window) {

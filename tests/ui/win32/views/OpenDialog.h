@@ -11,16 +11,16 @@
 bool Eventually(const std::function<bool()>& holds);
 
 /// The visible window of this process with that title which belongs to `owner`, or to any window when that is
-/// null. Waits for it; null when it doesn't come.
+/// null. Without a title any dialog is meant that has one, for those whose title is the system's. Waits for
+/// it; null when it doesn't come.
 HWND WaitForWindow(const std::wstring& title, HWND owner = nullptr);
 
 /// Waits until the window is gone; whether it is.
 bool WaitForEnd(HWND window);
 
-/// The number of windows of this process that are visible and have a title.
-int CountOpenWindows();
-
 std::wstring TextOf(HWND window);
+/// Whether a control of a dialog has that text.
+bool HasText(HWND dialog, const std::wstring& text);
 std::wstring ClassOf(HWND window);
 
 /// A key, as the message loop of the focus' thread gets it.

@@ -1,14 +1,16 @@
-// Where there is no screen, these tests are skipped.
+// Where no window can be made, these tests are skipped.
+#include <windows.h>
 #include <gtest/gtest.h>
-
-#include "QsUtils/platform/win32/Screen.h"
 
 namespace {
 
 struct ScreenEnvironment final : testing::Environment {
     void SetUp() override {
-        if (!QsPlatform::HasScreen())
+        const HWND window =
+            ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+        if (window == nullptr)
             GTEST_SKIP() << "there is no screen";
+        ::DestroyWindow(window);
     }
 };
 
