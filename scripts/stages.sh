@@ -171,7 +171,7 @@ check_tidy() {
 }
 
 check_scripts() {
-    (cd "$root" && shellcheck -x run.sh test.sh .ci/run scripts/*.sh scripts/under-wine)
+    (cd "$root" && shellcheck -x run.sh test.sh .ci/run scripts/*.sh scripts/under-wine scripts/windows-screenshots)
 }
 
 run_lint() {

@@ -133,16 +133,18 @@ prepare_wine() {
 }
 
 # Titles and frames are Wine's own, since a screen without a machine has no window manager that would draw them and tell
-# when a window is gone. Faces that Windows has in Chinese get those of this machine.
+# when a window is gone; the signs on their buttons are letters of a font. Faces that Windows has in Chinese get those of
+# this machine.
 set_up_screen() {
     local face user='HKEY_CURRENT_USER\Software\Wine' replacements
+    ln -s /usr/share/wine/fonts/marlett.ttf "$windows_cache/wine-screen/drive_c/windows/Fonts/" || return
     replacements="$user\\Fonts\\Replacements"
     in_wine wine reg add "$user\\X11 Driver" /v Managed /d N /f || return
     for face in 宋体 SimSun; do
         in_wine wine reg add "$replacements" /v "$face" /d 'AR PL UMing CN' /f || return
     done
     for face in 'Microsoft YaHei' 'MS Shell Dlg' 'MS Shell Dlg 2' Tahoma; do
-        in_wine wine reg add "$replacements" /v "$face" /d 'WenQuanYi Zen Hei' /f || return
+        in_wine wine reg add "$replacements" /v "$face" /d 文泉驿正黑 /f || return
     done
 }
 
@@ -169,6 +171,7 @@ start_screen() {
     QSUTILS_SCREEN=:$(<"$told")
     export QSUTILS_SCREEN
     rm -f "$told"
+    stop_wine >/dev/null 2>&1  # one that was left behind is bound to a screen that has gone
     start_wine 600
 }
 

@@ -49,7 +49,7 @@ std::filesystem::path OwnFolder() {
 
 TEST(InstalledDialogs, ATemplateOfTheLibraryIsPicked) {
     DialogDriver driver(PickerTitle, [](HWND dialog) {
-        EXPECT_EQ(CountRows(dialog), 1);
+        EXPECT_EQ(CountRows(dialog), 2);
         EXPECT_EQ(CellOf(dialog, 0, 0), L"一般计税");
         EXPECT_EQ(CellOf(dialog, 0, 1),
                   L"墨衡清单定额库\\上海\\2016预算定额\\取费模板\\费用汇总模板\\一般计税.fyt");
@@ -62,23 +62,34 @@ TEST(InstalledDialogs, ATemplateOfTheLibraryIsPicked) {
     EXPECT_TRUE(std::filesystem::exists(ToNativePath(path)));
 }
 
+TEST(InstalledDialogs, ATemplateOfTheUserIsPicked) {
+    DialogDriver driver(PickerTitle, [](HWND dialog) {
+        EXPECT_EQ(CellOf(dialog, 1, 0), L"本单位一般计税");
+        ConfirmRow(dialog, 1);
+    });
+    const CString path = IQsUtils::GetFeeTemplatePath(Family, Section, false);
+    driver.Join();
+    EXPECT_EQ(ToNativePath(path), OwnFolder() / L"模板" / L"费用汇总模板" / L"本单位一般计税.fyt");
+    EXPECT_TRUE(std::filesystem::exists(ToNativePath(path)));
+}
+
 TEST(InstalledDialogs, EachKindHasItsOwnList) {
-    const auto expectRow = [](const wchar_t* title, const auto& pick) {
-        DialogDriver driver(PickerTitle, [title](HWND dialog) {
-            EXPECT_EQ(CountRows(dialog), 1);
-            EXPECT_EQ(CellOf(dialog, 0, 0), title);
+    const auto expectRow = [](int row, const wchar_t* title, const auto& pick) {
+        DialogDriver driver(PickerTitle, [row, title](HWND dialog) {
+            EXPECT_EQ(CellOf(dialog, row, 0), title);
             PressButton(dialog, IDCANCEL);
             EXPECT_TRUE(WaitForEnd(dialog));
         });
         EXPECT_EQ(pick(), u"");
     };
-    expectRow(L"简易计税", [] { return IQsUtils::GetFeeTemplatePath(Family, Section, true); });
-    expectRow(L"项目汇总表", [] { return IQsUtils::GetReportTemplatePath(Family, Section, 0); });
-    expectRow(L"分部分项清单计价表", [] { return IQsUtils::GetReportTemplatePath(Family, Section, 1); });
-    expectRow(L"定额计价表", [] { return IQsUtils::GetReportTemplatePath(Family, Section, 2); });
-    expectRow(L"规费税金", [] { return IQsUtils::GetGfsjTemplatePath(Family, Section, false); });
-    expectRow(L"措施项目(整体)", [] { return IQsUtils::GetCsxmTemplatePath(Family, Section, true); });
-    expectRow(L"综合单价", [] { return IQsUtils::GetDjzcTemplatePath(Family, Section); });
+    expectRow(0, L"简易计税", [] { return IQsUtils::GetFeeTemplatePath(Family, Section, true); });
+    // The user's own reports come first.
+    expectRow(1, L"项目汇总表", [] { return IQsUtils::GetReportTemplatePath(Family, Section, 0); });
+    expectRow(1, L"分部分项清单计价表", [] { return IQsUtils::GetReportTemplatePath(Family, Section, 1); });
+    expectRow(1, L"定额计价表", [] { return IQsUtils::GetReportTemplatePath(Family, Section, 2); });
+    expectRow(0, L"规费税金", [] { return IQsUtils::GetGfsjTemplatePath(Family, Section, false); });
+    expectRow(0, L"措施项目(整体)", [] { return IQsUtils::GetCsxmTemplatePath(Family, Section, true); });
+    expectRow(0, L"综合单价", [] { return IQsUtils::GetDjzcTemplatePath(Family, Section); });
 }
 
 TEST(InstalledDialogs, WithoutARowTheUserIsToldAndCanCancel) {
@@ -98,7 +109,11 @@ TEST(InstalledDialogs, WithoutARowTheUserIsToldAndCanCancel) {
 TEST(InstalledDialogs, AFolderIsSelected) {
     const CString folder = FromNativePath(OwnFolder() / L"Library");
     DialogDriver driver(L"", [&](HWND window) {
-        ::SendMessageW(window, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(folder.ToWide().c_str()));
+        const std::wstring path = folder.ToWide();
+        EXPECT_TRUE(Eventually([&] {  // it may not have been filled yet
+            ::SendMessageW(window, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(path.c_str()));
+            return HasText(window, path.size() > 35 ? path.substr(0, 35) + L"..." : path);
+        }));
         PressButton(window, IDOK);
         EXPECT_TRUE(WaitForEnd(window));
     });

@@ -91,8 +91,10 @@ TEST_F(FolderBrowserView, TellsOfEachNewFolderInItsStatusLine) {
     const CString inner = FromNativePath(folder.File("一") / "二");
     DialogDriver driver(L"", [&](HWND window) {
         for (const CString& path : {Path("一"), inner, Path("b"), inner}) {
-            Select(window, path);
-            EXPECT_TRUE(Eventually([&] { return browser.IsCurrent(path); }));
+            EXPECT_TRUE(Eventually([&] {  // it may not have been filled yet
+                Select(window, path);
+                return browser.IsCurrent(path);
+            }));
             EXPECT_TRUE(Eventually([&] { return HasText(window, QsUi::ShortenedForStatus(path).ToWide()); }));
         }
         PressButton(window, IDOK);
