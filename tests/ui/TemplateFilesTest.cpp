@@ -44,7 +44,7 @@ std::vector<std::u16string> TitlesOf(const std::vector<TemplateFile>& files) {
 
 TEST(TemplateFiles, TheEndOfTheNameCountsInItsExactCase) {
     const TemporaryFolder root;
-    for (const char* name : {"a.fyt", "b.FYT", "c.zfyt", "d.fyt.bak", "e", ".fyt", "f.g.fyt", "h.fyt "})
+    for (const char* name : {"a.fyt", "b.FYT", "c.zfyt", "d.fyt.bak", "e", ".fyt", "f.g.fyt", "h.fyt_"})
         root.Write(name, "");
     const CString folder = root.Text("") + (root.Text("").Right(1) == u"\\" ? u"" : u"\\");
     EXPECT_EQ(TitlesOf(FindTemplateFiles(folder, u".fyt")), (std::vector<std::u16string>{u"", u"a", u"f.g"}));

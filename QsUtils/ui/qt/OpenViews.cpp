@@ -4,11 +4,21 @@
 
 namespace QsUi {
 
+namespace {
+
+/// People look for a file under the path that the system knows.
+CString SystemForm(CString path) {
+    path.Replace(u'\\', u'/');
+    return path;
+}
+
+}  // namespace
+
 OpenedViews OpenViews() {
     const CString path = QsPlatform::ModuleFolder() + ViewsModule::FileName;
     OpenedViews opened{QsPlatform::DynamicModule(path), nullptr, CString()};
     if (!opened.module.IsLoaded()) {
-        opened.reason = u"QsUtils: no dialog can be shown: " + path + u" can't be loaded.";
+        opened.reason = u"QsUtils: no dialog can be shown: " + SystemForm(path) + u" can't be loaded.";
         return opened;
     }
     const auto entry = opened.module.Function<ViewsModule::Entry>(ViewsModule::EntryName);

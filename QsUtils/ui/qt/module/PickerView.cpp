@@ -20,12 +20,30 @@ constexpr int SourceColumn = 1;
 /// Above and below the text of a row together.
 constexpr int RowPadding = 6;
 
-/// A list in which nothing is current until the user has chosen it.
+/// A list of rows: keys go from row to row, and nothing is current until the user has chosen it.
 class TemplateTable : public QTableView {
 public:
     using QTableView::QTableView;
 
+    // Letters lead to a title, wherever in its row the user has clicked.
+    void keyboardSearch(const QString& search) override {
+        if (currentIndex().isValid())
+            selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(0),
+                                              QItemSelectionModel::NoUpdate);
+        QTableView::keyboardSearch(search);
+    }
+
 protected:
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override {
+        if (action == MoveHome)
+            return model()->index(0, 0);
+        if (action == MoveEnd)
+            return model()->index(model()->rowCount() - 1, 0);
+        if (action == MoveLeft || action == MoveRight)
+            return currentIndex();
+        return QTableView::moveCursor(action, modifiers);
+    }
+
     // Qt makes the first row the current one, unseen, when the list gets the focus; the first arrow key would
     // then go past it.
     void focusInEvent(QFocusEvent* event) override {
