@@ -45,7 +45,9 @@ void When(const std::function<QWidget*()>& find, const std::function<void(QWidge
 
 QWidget* WindowWith(const char* childName) {
     for (QWidget* const window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() && window->findChild<QWidget*>(QLatin1String(childName)) != nullptr)
+        // A host's window has the dialogs on it for children, and so their children too.
+        if (qobject_cast<QDialog*>(window) != nullptr && window->isVisible() &&
+            window->findChild<QWidget*>(QLatin1String(childName)) != nullptr)
             return window;
     }
     return nullptr;

@@ -15,7 +15,7 @@ namespace Robot {
 /// process ends.
 void When(const std::function<QWidget*()>& find, const std::function<void(QWidget*)>& act);
 
-/// The visible window that has a child of that name; the message box on top.
+/// The visible dialog that has a child of that name; the message box on top.
 QWidget* WindowWith(const char* childName);
 QWidget* MessageBox();
 

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <sstream>
+#include <utility>
 #include <vector>
 
 #include <sys/socket.h>
@@ -54,14 +55,23 @@ bool IsInstalled(const std::string& name) {
     return false;
 }
 
-bool IsXServerThere() {
-    xcb_connection_t* const connection = ::xcb_connect(nullptr, nullptr);
-    const bool isThere = ::xcb_connection_has_error(connection) == 0;
-    ::xcb_disconnect(connection);
-    return isThere;
+std::shared_ptr<void> ConnectToXServer() {
+    std::shared_ptr<xcb_connection_t> connection(::xcb_connect(nullptr, nullptr), ::xcb_disconnect);
+    return ::xcb_connection_has_error(connection.get()) == 0 ? connection : nullptr;
 }
 
-bool IsWaylandThere() {
+/// A socket that is closed with its last owner.
+std::shared_ptr<int> OpenSocket() {
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (socket < 0)
+        return nullptr;
+    return {new int(socket), [](const int* owned) {
+                ::close(*owned);
+                delete owned;
+            }};
+}
+
+std::shared_ptr<void> ConnectToWayland() {
     std::string display = Environment("WAYLAND_DISPLAY");
     if (display.empty())
         display = "wayland-0";
@@ -69,24 +79,23 @@ bool IsWaylandThere() {
         display.front() == '/' ? display : Environment("XDG_RUNTIME_DIR") + '/' + display;
     sockaddr_un address{};
     if (path.size() >= sizeof(address.sun_path))
-        return false;
+        return nullptr;
     address.sun_family = AF_UNIX;
     std::memcpy(address.sun_path, path.c_str(), path.size());
-    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    if (socket < 0)
-        return false;
-    const bool isThere = ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-    ::close(socket);
-    return isThere;
+    std::shared_ptr<int> socket = OpenSocket();
+    const bool isThere = socket != nullptr &&
+                         ::connect(*socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    return isThere ? socket : nullptr;
 }
 
-/// Only platforms that can be asked beforehand, or that can't fail, are used.
-bool Answers(const std::string& name) {
+/// Only platforms that can be asked beforehand, or that can't fail, are used. Null for all others.
+std::shared_ptr<void> Connect(const std::string& name) {
     if (name == "xcb")
-        return IsXServerThere();
+        return ConnectToXServer();
     if (name.starts_with("wayland"))
-        return IsWaylandThere();
-    return name == "offscreen" || name == "minimal";
+        return ConnectToWayland();
+    const bool needsNothing = name == "offscreen" || name == "minimal";
+    return needsNothing ? std::make_shared<char>() : nullptr;
 }
 
 }  // namespace
@@ -94,15 +103,17 @@ bool Answers(const std::string& name) {
 Platform FindPlatform() {
     const std::vector<std::string> candidates = Candidates();
     if (candidates.empty())
-        return {{}, u"there is no display."};
+        return {{}, u"there is no display.", nullptr};
     std::string tried;
     for (const std::string& candidate : candidates) {
         const std::string name = candidate.substr(0, candidate.find(':'));
-        if (IsInstalled(name) && Answers(name))
-            return {candidate, {}};
+        std::shared_ptr<void> connection = IsInstalled(name) ? Connect(name) : nullptr;
+        if (connection != nullptr)
+            return {candidate, {}, std::move(connection)};
         tried += (tried.empty() ? "" : ", ") + name;
     }
-    return {{}, u"the display can't be used (" + QString::fromStdString(tried).toStdU16String() + u")."};
+    return {
+        {}, u"the display can't be used (" + QString::fromStdString(tried).toStdU16String() + u").", nullptr};
 }
 
 }  // namespace QsQt

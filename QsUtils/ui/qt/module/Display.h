@@ -1,6 +1,7 @@
 // Whether a window can be shown, found out without Qt, which ends the process when it can't.
 #pragma once
 
+#include <memory>
 #include <string>
 
 namespace QsQt {
@@ -9,6 +10,9 @@ namespace QsQt {
 struct Platform {
     std::string name;
     std::u16string reason;
+    /// The connection with which the display was asked, to be kept until Qt has its own: an X server may
+    /// begin anew, and refuse others meanwhile, when its last client leaves.
+    std::shared_ptr<void> connection;
 };
 
 /// Takes the platforms that QT_QPA_PLATFORM names, else those of the session (WAYLAND_DISPLAY, DISPLAY), and

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QSemaphore>
 #include <atomic>
+#include <bit>
 #include <clocale>
 #include <csignal>
 #include <cstdlib>
@@ -16,14 +17,16 @@ namespace QsQt {
 
 namespace {
 
+std::atomic<bool> isStartedByUs{false};
 std::atomic<bool> isHeld{false};
+std::atomic<unsigned int> uses{0};
 
 /// How long the end of the process waits for a thread that is at work.
 constexpr int MostMillisecondsToHold = 2000;
 
 void HoldThread() {
     QCoreApplication* const application = QCoreApplication::instance();
-    if (application == nullptr)
+    if (application == nullptr || isHeld.exchange(true))
         return;
     // Never freed: the thread may come to it late.
     QSemaphore* const isThere = new QSemaphore;
@@ -36,7 +39,6 @@ void HoldThread() {
         },
         Qt::QueuedConnection);
     isThere->tryAcquire(1, MostMillisecondsToHold);
-    isHeld.store(true);
 }
 
 /// Windows are listed under the name of the host's program.
@@ -93,8 +95,15 @@ void StartOwnApplication(const std::string& platform) {
     std::thread([&] { RunApplication(platform, isStarted); }).detach();
     isStarted.acquire();
     ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    // Behind the start, so that it runs before what has been made by then is destroyed.
-    std::atexit(HoldThread);
+    isStartedByUs.store(true);
+    PrepareForEnd();
+}
+
+// Objects go at the end in the reverse order in which they came, and Qt makes some of its own at their first
+// use. A place in that order can be taken again but not given back, so it is taken ever more rarely.
+void PrepareForEnd() {
+    if (isStartedByUs.load() && std::has_single_bit(uses.fetch_add(1) + 1))
+        std::atexit(HoldThread);
 }
 
 bool IsOwnApplicationHeld() noexcept {

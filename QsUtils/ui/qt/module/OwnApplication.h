@@ -10,6 +10,10 @@ namespace QsQt {
 /// display is there; the locale of the process stays what it was.
 void StartOwnApplication(const std::string& platform);
 
+/// To be called now and then when work has been done on that thread: at the end of the process it is held in
+/// place before anything goes that Qt has made by now. Nothing happens for a host with its own application.
+void PrepareForEnd();
+
 /// Whether the thread is held in place.
 bool IsOwnApplicationHeld() noexcept;
 

@@ -7,6 +7,7 @@
 #include <QThread>
 #include <memory>
 #include <mutex>
+#include <utility>
 
 #include "QsUtils/ui/qt/module/Display.h"
 #include "QsUtils/ui/qt/module/OwnApplication.h"
@@ -27,6 +28,16 @@ public:
 
 private:
     QSemaphore& m_end;
+};
+
+/// Holds a token as long as its parent lives.
+class TokenHolder : public QObject {
+public:
+    TokenHolder(std::shared_ptr<Awaited> token, QObject* parent)
+        : QObject(parent), m_token(std::move(token)) {}
+
+private:
+    std::shared_ptr<Awaited> m_token;
 };
 
 bool IsCurrent() {
@@ -83,10 +94,12 @@ bool IsAlive() {
 void Run(const std::function<void()>& work) {
     if (!IsAlive())
         return;
-    if (IsCurrent())
+    if (IsCurrent()) {
         work();
-    else
-        RunElsewhere([&](const std::shared_ptr<Awaited>&) { work(); });
+        return;
+    }
+    RunElsewhere([&](const std::shared_ptr<Awaited>&) { work(); });
+    PrepareForEnd();
 }
 
 bool RunDialog(const std::function<QDialog*(QWidget* parent)>& make,
@@ -103,17 +116,22 @@ bool RunDialog(const std::function<QDialog*(QWidget* parent)>& make,
     }
     RunElsewhere([&](const std::shared_ptr<Awaited>& token) {
         QDialog* const dialog = Make(make);
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        new TokenHolder(token, dialog);
         QObject::connect(dialog, &QDialog::accepted, dialog, [&, dialog] {
             isAccepted = true;
             read(*dialog);
         });
-        // The connection goes with the dialog, and the token with the connection.
-        QObject::connect(dialog, &QObject::objectNameChanged, dialog, [token] {});
+        // The caller goes on when the dialog is wholly gone, and may end the process at once.
+        QObject::connect(dialog, &QDialog::finished, dialog, [token, closed = QPointer<QDialog>(dialog)] {
+            QMetaObject::invokeMethod(
+                QCoreApplication::instance(), [token, closed] { delete closed.data(); },
+                Qt::QueuedConnection);
+        });
         dialog->show();
         dialog->raise();
         dialog->activateWindow();
     });
+    PrepareForEnd();
     return isAccepted;
 }
 
