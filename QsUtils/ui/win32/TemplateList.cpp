@@ -19,7 +19,7 @@ namespace {
 constexpr std::size_t MostRows = 100'000'000;
 
 constexpr DWORD Style = WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA |
-                        LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER;
+                        LVS_SINGLESEL | LVS_SHOWSELALWAYS;
 constexpr DWORD ExtendedStyle = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
 
 /// Pixels of 96 to the inch in those of the screen.
@@ -48,8 +48,9 @@ bool IsAlike(std::u16string_view text, std::u16string_view wanted, bool onlyItsB
                                   QsPlatform::SystemUnits(wanted.data()), length, TRUE) == CSTR_EQUAL;
 }
 
-/// The first row from `start` on that is what the control looks for; -1 when there is none.
-LRESULT FindRow(const IPickerDialog& dialog, std::size_t start, const LVFINDINFOW& find) noexcept {
+/// The first place from `start` on that is what the control looks for; -1 when there is none.
+LRESULT FindPlace(const IPickerDialog& dialog, const RowOrder& order, std::size_t start,
+                  const LVFINDINFOW& find) noexcept {
     const std::size_t count = std::min(dialog.RowCount(), MostRows);
     if ((find.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || find.psz == nullptr || count == 0)
         return -1;
@@ -57,7 +58,7 @@ LRESULT FindRow(const IPickerDialog& dialog, std::size_t start, const LVFINDINFO
     const bool wraps = (find.flags & LVFI_WRAP) != 0;
     const std::size_t end = wraps ? start + count : count;
     for (std::size_t i = start; i < end; ++i) {
-        if (IsAlike(dialog.Cell(i % count, 0), text, (find.flags & LVFI_PARTIAL) != 0))
+        if (IsAlike(dialog.Cell(order.RowAt(i % count), 0), text, (find.flags & LVFI_PARTIAL) != 0))
             return static_cast<LRESULT>(i % count);
     }
     return -1;
@@ -105,26 +106,52 @@ void TemplateList::AddColumns() {
 }
 
 std::size_t TemplateList::CurrentRow() const noexcept {
-    const LRESULT row = ::SendMessageW(m_window, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
-    return row < 0 ? NoRow : static_cast<std::size_t>(row);
+    const LRESULT place = ::SendMessageW(m_window, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
+    return place < 0 ? NoRow : m_order.RowAt(static_cast<std::size_t>(place));
 }
 
 LRESULT TemplateList::OnNotify(NMHDR& header) {
-    if (header.code == LVN_GETDISPINFOW) {
-        LVITEMW& item = reinterpret_cast<NMLVDISPINFOW&>(header).item;
-        if ((item.mask & LVIF_TEXT) != 0 && item.iItem >= 0) {
-            std::wstring& text = m_texts[m_nextText];
-            m_nextText = (m_nextText + 1) % std::size(m_texts);
-            text = SystemText(m_dialog.Cell(static_cast<std::size_t>(item.iItem), item.iSubItem));
-            item.pszText = text.data();
+    switch (header.code) {
+        case LVN_GETDISPINFOW:
+            PutText(reinterpret_cast<NMLVDISPINFOW&>(header).item);
+            return 0;
+        case LVN_ODFINDITEMW: {
+            const auto& find = reinterpret_cast<const NMLVFINDITEMW&>(header);
+            return FindPlace(m_dialog, m_order, static_cast<std::size_t>(std::max(find.iStart, 0)),
+                             find.lvfi);
         }
-        return 0;
+        case LVN_COLUMNCLICK:
+            SortBy(reinterpret_cast<const NMLISTVIEW&>(header).iSubItem);
+            return 0;
+        default:
+            return 0;
     }
-    if (header.code == LVN_ODFINDITEMW) {
-        const auto& find = reinterpret_cast<const NMLVFINDITEMW&>(header);
-        return FindRow(m_dialog, static_cast<std::size_t>(std::max(find.iStart, 0)), find.lvfi);
-    }
-    return 0;
+}
+
+void TemplateList::PutText(LVITEMW& item) {
+    if ((item.mask & LVIF_TEXT) == 0 || item.iItem < 0)
+        return;
+    std::wstring& text = m_texts[m_nextText];
+    m_nextText = (m_nextText + 1) % std::size(m_texts);
+    text = SystemText(m_dialog.Cell(m_order.RowAt(static_cast<std::size_t>(item.iItem)), item.iSubItem));
+    item.pszText = text.data();
+}
+
+void TemplateList::SortBy(int column) {
+    const std::size_t row = CurrentRow();
+    m_order.SortBy(column);
+    if (row != NoRow)
+        MakeCurrent(m_order.PlaceOf(row));
+    ::InvalidateRect(m_window, nullptr, TRUE);
+}
+
+void TemplateList::MakeCurrent(std::size_t place) noexcept {
+    LVITEMW item{};
+    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    ::SendMessageW(m_window, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));
+    item.state = item.stateMask;
+    ::SendMessageW(m_window, LVM_SETITEMSTATE, place, reinterpret_cast<LPARAM>(&item));
+    ::SendMessageW(m_window, LVM_ENSUREVISIBLE, place, FALSE);
 }
 
 }  // namespace QsUi

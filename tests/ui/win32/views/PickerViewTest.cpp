@@ -315,6 +315,45 @@ TEST(PickerView, ASearchGoesThroughTheRowsOnceFromItsStart) {
     EXPECT_FALSE(picker.Run());
 }
 
+TEST(PickerView, AClickOnATitleSortsAndTheRowsStayThemselves) {
+    FakePicker picker({{u"砖", u"2"}, {u"吖", u"1"}, {u"座", u"1"}});
+    const auto rowsOf = [](HWND dialog) {
+        std::wstring titles;
+        for (int row = 0; row < 3; ++row)
+            titles += CellOf(dialog, row, 0);
+        return titles;
+    };
+    DialogDriver driver(Title, [&](HWND dialog) {
+        const auto header = reinterpret_cast<HWND>(::SendMessageW(ListOf(dialog), LVM_GETHEADER, 0, 0));
+        const auto expectAfterClick = [&](int x, const std::wstring& titles) {
+            Click(header, {x, 5});
+            EXPECT_TRUE(Eventually([&] { return rowsOf(dialog) == titles; }));
+        };
+        EXPECT_EQ(rowsOf(dialog), L"砖吖座");
+        EXPECT_TRUE(SelectRow(dialog, 0));
+        expectAfterClick(20, L"吖砖座");
+        EXPECT_TRUE(Eventually([&] { return CurrentRow(dialog) == 1; }));  // it goes along
+        expectAfterClick(20, L"座砖吖");
+        EXPECT_EQ(CurrentRow(dialog), 1);
+        expectAfterClick(280, L"吖座砖");  // those of like texts in the dialog's order
+        EXPECT_TRUE(Eventually([&] { return CurrentRow(dialog) == 2; }));
+        expectAfterClick(280, L"砖吖座");
+        EXPECT_TRUE(Eventually([&] { return CurrentRow(dialog) == 0; }));
+        HDITEMW item{};
+        item.mask = HDI_FORMAT;
+        ::SendMessageW(header, HDM_GETITEMW, 1, reinterpret_cast<LPARAM>(&item));
+        EXPECT_FALSE(item.fmt & (HDF_SORTUP | HDF_SORTDOWN));
+        expectAfterClick(20, L"吖砖座");
+        TypeLetter(dialog, L'座');
+        EXPECT_TRUE(Eventually([&] { return CurrentRow(dialog) == 2; }));
+        PressKey(dialog, VK_RETURN);
+        EXPECT_TRUE(WaitForEnd(dialog));
+    });
+    EXPECT_TRUE(picker.Run());
+    driver.Join();
+    EXPECT_EQ(picker.chosen, 2u);
+}
+
 TEST(PickerView, RowsThatArentSeenArentAskedFor) {
     std::vector<FakePicker::Row> rows;
     for (int i = 0; i < 20'000; ++i) {

@@ -172,4 +172,20 @@ TEST(DialogResources, TheManifestAsksForTheCurrentControls) {
     EXPECT_NE(text.find("6.0.0.0"), std::string::npos);
 }
 
+TEST(DialogResources, TheModuleCarriesThemAndItsVersion) {
+    const HMODULE module = ::LoadLibraryA(QSUTILS_MODULE);
+    ASSERT_NE(module, nullptr);
+    for (const int dialog : {8000, 8001})
+        EXPECT_NE(::FindResourceW(module, MAKEINTRESOURCEW(dialog), MAKEINTRESOURCEW(5)), nullptr) << dialog;
+    const HRSRC found = ::FindResourceW(module, MAKEINTRESOURCEW(1), MAKEINTRESOURCEW(16));
+    ASSERT_NE(found, nullptr);
+    const std::wstring block(static_cast<const wchar_t*>(::LockResource(::LoadResource(module, found))),
+                             ::SizeofResource(module, found) / sizeof(wchar_t));
+    const std::wstring version(QSUTILS_VERSION, QSUTILS_VERSION + sizeof QSUTILS_VERSION - 1);
+    for (const std::wstring& text : {std::wstring(L"FileVersion"), version, std::wstring(L"OriginalFilename"),
+                                     std::wstring(L"QsUtils.dll")})
+        EXPECT_NE(block.find(text + L'\0'), std::wstring::npos);
+    ::FreeLibrary(module);
+}
+
 }  // namespace
