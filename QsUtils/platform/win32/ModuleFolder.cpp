@@ -2,15 +2,13 @@
 
 #include <string>
 
-#include "QsUtils/platform/win32/Windows.h"
+#include "QsUtils/platform/win32/OwnModule.h"
 
 namespace QsPlatform {
 
 CString ModuleFolder() {
-    HMODULE own = nullptr;
-    if (::GetModuleHandleExW(
-            GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-            reinterpret_cast<const wchar_t*>(&ModuleFolder), &own) == 0)
+    const HMODULE own = OwnModule();
+    if (own == nullptr)
         return CString();
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {
