@@ -94,6 +94,8 @@ private:
     bool IsQueued(const CThreadTask* task) const;
     bool RunOnThread(CThreadTask* task) noexcept;
     void DeleteTasks(TaskList& tasks) noexcept;
+    std::vector<CString> DropWaiting();
+    void Cancel(const CString& name);
 
     CSLock* m_pLock;
     TaskList m_listActive;

@@ -12,6 +12,8 @@ CThreadTask::CThreadTask(const CThreadTask& other)
       m_hThread(other.ThreadHandle()) {}
 
 CThreadTask& CThreadTask::operator=(const CThreadTask& other) {
+    if (this == &other)
+        return *this;
     m_strTaskName = other.m_strTaskName;
     m_pManager = other.m_pManager;
     m_pParam = other.m_pParam;

@@ -125,7 +125,7 @@ int CQSThreadManager::EnterWaitQueue(CThreadTask* task) {
     TaskList entry(1, task);
     m_pRecords->waiting.Add(name, entry.begin());
     m_listWait.splice(m_listWait.end(), entry);
-    owned.release();
+    static_cast<void>(owned.release());
     Log(u"[INFO]: push task to wait queue ok,current size:%d.\n%s\n", m_listWait.size(), name);
     return 1;
 }

@@ -21,7 +21,7 @@ int CQSThreadManager::StartTaskThread(CThreadTask* task) {
     std::unique_ptr<CThreadTask> owned(task);  // a refused task is deleted without the lock
     const CSAutoLock lock(*m_pLock);
     if (IsQueued(task)) {  // handed over twice: it is the manager's already
-        owned.release();
+        static_cast<void>(owned.release());
         return 0;
     }
     m_pRecords->threads.DropGone();
@@ -37,7 +37,7 @@ int CQSThreadManager::StartTaskThread(CThreadTask* task) {
         ExitFromActiveQueue(task, 0);
         return 0;
     }
-    owned.release();
+    static_cast<void>(owned.release());
     return 1;
 }
 

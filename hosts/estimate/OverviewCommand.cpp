@@ -69,8 +69,8 @@ void WriteGroup(std::ostream& out, const Group& group, const std::list<Field*>& 
         if (isFirst)
             out << group.name << '\n';
         isFirst = false;
-        out << "  " << Padded(ToUtf8(field->strCode), 12) << ' ' << Padded(ToUtf8(field->strName), 24)
-            << ' ' << Remarks(*field) << '\n';
+        out << "  " << Padded(ToUtf8(field->strCode), 12) << ' ' << Padded(ToUtf8(field->strName), 24) << ' '
+            << Remarks(*field) << '\n';
     }
 }
 

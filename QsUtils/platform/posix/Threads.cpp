@@ -1,7 +1,9 @@
 #include "QsUtils/platform/Threads.h"
 
 #include <cerrno>
-#include <new>
+#include <exception>
+#include <memory>
+#include <utility>
 
 #include <pthread.h>
 #include <unistd.h>
@@ -19,8 +21,8 @@ class Thread;
 /// handle that is closed early, or never, leaves no thread behind.
 constinit Thread* theEnded = nullptr;
 
-/// The system's thread. It counts itself among its users from its start until it has been joined.
-class Thread final : public HandleObject {
+/// The system's thread. It keeps itself from its start until it has been joined.
+class Thread final : public HandleObject, public std::enable_shared_from_this<Thread> {
 public:
     Thread(QsThreadRoutine routine, void* parameter) noexcept : m_routine(routine), m_parameter(parameter) {}
 
@@ -40,6 +42,7 @@ private:
     bool CanBeJoined() const { return m_isEnded && m_isKnown && !m_isBeingJoined; }
     bool TryJoin() noexcept { return ::pthread_tryjoin_np(m_thread, nullptr) == 0; }
     void Join(HandleLock& lock);
+    /// The object may be gone when it returns, unless the caller shares it.
     void SetJoined();
 
     const QsThreadRoutine m_routine;
@@ -51,6 +54,7 @@ private:
     bool m_isBeingJoined = false;  // by one who has let go of the lock for it
     bool m_isJoined = false;
     Thread* m_nextEnded = nullptr;
+    std::shared_ptr<Thread> m_self;
     std::condition_variable m_change;
 };
 
@@ -58,12 +62,12 @@ bool Thread::Run() {
     {
         const HandleLock lock = LockHandles();
         JoinGone(lock);
-        Use();
+        m_self = shared_from_this();
     }
     const bool isStarted = ::pthread_create(&m_thread, nullptr, Main, this) == 0;
     const HandleLock lock = LockHandles();
     if (!isStarted)
-        Leave();
+        m_self.reset();  // the caller has it still
     m_isKnown = isStarted;
     m_change.notify_all();
     return isStarted;
@@ -131,7 +135,7 @@ void Thread::SetJoined() {
         place = &(*place)->m_nextEnded;
     *place = m_nextEnded;
     m_change.notify_all();
-    Leave();
+    m_self.reset();
 }
 
 void Thread::JoinGone(const HandleLock&) {
@@ -145,17 +149,12 @@ void Thread::JoinGone(const HandleLock&) {
 
 void Thread::JoinEnded(HandleLock& lock) {
     while (theEnded != nullptr) {
-        Thread* const thread = theEnded;
-        const HandleUse use(thread);
+        const std::shared_ptr<Thread> thread = theEnded->shared_from_this();
         if (thread->CanBeJoined())
             thread->Join(lock);
         else if (!thread->m_isJoined)
             thread->m_change.wait(lock);
     }
-}
-
-Thread* NewThread(QsThreadRoutine routine, void* parameter) noexcept {
-    return routine == nullptr ? nullptr : new (std::nothrow) Thread(routine, parameter);
 }
 
 }  // namespace
@@ -169,31 +168,29 @@ std::uint32_t LastSystemError() noexcept {
 }
 
 HANDLE MakeStoppedThread(QsThreadRoutine routine, void* parameter) noexcept {
-    Thread* const thread = NewThread(routine, parameter);
-    if (thread == nullptr)
+    if (routine == nullptr)
         return nullptr;
-    const HandleLock lock = LockHandles();
-    return OpenHandle(lock, thread);
+    try {
+        SharedHandleObject thread = std::make_shared<Thread>(routine, parameter);
+        const HandleLock lock = LockHandles();
+        return OpenHandle(lock, std::move(thread));
+    } catch (const std::exception&) {  // memory exhaustion
+        return nullptr;
+    }
 }
 
 bool RunStoppedThread(HANDLE handle) noexcept {
-    Thread* thread = nullptr;
+    std::shared_ptr<Thread> thread;
     {
         const HandleLock lock = LockHandles();
-        thread = dynamic_cast<Thread*>(FindObject(lock, handle));
-        if (thread == nullptr)
-            return false;
-        thread->Use();
+        thread = std::dynamic_pointer_cast<Thread>(FindObject(lock, handle));
     }
-    const bool isRunning = thread->Run();
-    const HandleLock lock = LockHandles();
-    thread->Leave();
-    return isRunning;
+    return thread != nullptr && thread->Run();
 }
 
 HANDLE StartRunningThread(QsThreadRoutine routine, void* parameter, std::uint32_t& id) noexcept {
     id = 0;
-    const HANDLE handle = MakeStoppedThread(routine, parameter);
+    HANDLE handle = MakeStoppedThread(routine, parameter);
     if (handle == nullptr)
         return nullptr;
     if (!RunStoppedThread(handle)) {
@@ -201,7 +198,7 @@ HANDLE StartRunningThread(QsThreadRoutine routine, void* parameter, std::uint32_
         return nullptr;
     }
     HandleLock lock = LockHandles();
-    id = static_cast<Thread*>(FindObject(lock, handle))->AwaitId(lock);
+    id = std::static_pointer_cast<Thread>(FindObject(lock, handle))->AwaitId(lock);
     return handle;
 }
 
