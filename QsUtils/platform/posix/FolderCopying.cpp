@@ -31,7 +31,8 @@ bool RenameFolder(const HeldFolder& parent, const NativeName& from, const Native
     if (::renameat2(parent.Number(), from.c_str(), parent.Number(), to.c_str(), RENAME_NOREPLACE) == 0)
         return true;
     // Not every file system can do it; the name of an empty folder may be taken then.
-    return errno == EINVAL && ::renameat(parent.Number(), from.c_str(), parent.Number(), to.c_str()) == 0;
+    return (errno == EINVAL || errno == ENOSYS) &&
+           ::renameat(parent.Number(), from.c_str(), parent.Number(), to.c_str()) == 0;
 }
 
 FileCopier::FileCopier() : m_buffer(new char[CopyBufferSize]) {}
