@@ -21,7 +21,7 @@ constexpr std::wstring_view XmlEnding = L".xml";
 bool HasEnding(std::wstring_view name, std::wstring_view lowerCase) {
     if (name.size() < lowerCase.size())
         return false;
-    const auto isSame = [](wchar_t unit, wchar_t lower) {
+    const auto isSame = [](wchar_t lower, wchar_t unit) {
         return (unit >= L'A' && unit <= L'Z' ? unit + (L'a' - L'A') : unit) == lower;
     };
     return std::equal(lowerCase.begin(), lowerCase.end(), name.end() - lowerCase.size(), isSame);
