@@ -1,6 +1,7 @@
 // The module's static objects, its start and its end. All static objects with a destructor stand in this one
 // file, because only within a file does the language fix the order in which they are made and destroyed.
 #include "QsUtils/backup/BackUpNames.h"
+#include "QsUtils/backup/BehindMark.h"
 #include "QsUtils/directory/CCommonDirectory.h"
 #include "QsUtils/directory/CLibraryDirectory.h"
 #include "QsUtils/directory/CProjectDirectory.h"
@@ -54,6 +55,12 @@ const CString GraphicFolder = u"BackUpGraphicFile";
 const CString VersionSection = u"GraphicFileInfo";
 const CString RunVersion = u"RunVer";
 const CString BackUpVersion = u"BackUpVer";
+
+namespace {
+
+RememberedMarks theMarks;
+
+}  // namespace
 
 }  // namespace QsBackup
 
@@ -130,6 +137,14 @@ IExpressionAnalyse* GetExpressionAnalyser() {
 }
 
 }  // namespace ExpressionAnalyse
+
+namespace QsBackup {
+
+RememberedMarks& Marks() {
+    return theMarks;
+}
+
+}  // namespace QsBackup
 
 namespace QsXml {
 

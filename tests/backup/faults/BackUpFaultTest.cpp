@@ -102,7 +102,10 @@ struct Ways {
 class BackUpFault : public ::testing::TestWithParam<Ways> {
 protected:
     Plan PlanOf(Fault fault, int point = 0) const {
-        return {fault, point, GetParam().exchanges, GetParam().movesFolders};
+        Plan plan{fault, point};
+        plan.exchanges = GetParam().exchanges;
+        plan.movesFolders = GetParam().movesFolders;
+        return plan;
     }
     int CountPoints(Operation operation) const {
         m_project.Reset();

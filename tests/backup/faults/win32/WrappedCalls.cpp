@@ -95,7 +95,7 @@ BOOL WINAPI MoveHere(LPCWSTR from, LPCWSTR to, DWORD flags) {
         ::SetLastError(ERROR_CANT_ACCESS_FILE);
         return FALSE;
     }
-    return Passes(TakesRoom) ? __real___imp_MoveFileExW(from, to, flags) : FALSE;
+    return Passes(FaultPoints::RenamesTakeRoom()) ? __real___imp_MoveFileExW(from, to, flags) : FALSE;
 }
 
 }  // namespace
