@@ -24,13 +24,13 @@ constexpr const char* CostFile =
 /// A companion and a family F with the section S and the item I, whose folder is `lib/13`.
 class CostLibraries : public ProbedInstallation {
 public:
-    CostLibraries() {
+    explicit CostLibraries(const char* companion = "Nothing") {
         Write("DirectoryConfig.xml",
               "<r><ProjectDirectory><DirectoryItem Code=\"LibVisitor\" RelativePath=\"Visitor\"/>"
               "</ProjectDirectory></r>");
         std::filesystem::create_directories(Folder() / "Visitor");
         std::filesystem::copy_file(
-            std::filesystem::path(INSTALLATION_COMPANIONS) / "Nothing" / INSTALLATION_COMPANION,
+            std::filesystem::path(INSTALLATION_COMPANIONS) / companion / INSTALLATION_COMPANION,
             Folder() / "Visitor" / INSTALLATION_COMPANION);
         std::filesystem::create_directories(Folder() / "lib/1/S");
         std::filesystem::create_directories(Folder() / "lib/7/I");
@@ -74,6 +74,21 @@ TEST(ExtraCosts, ALaterQuestionAsksNobody) {
     std::erase(twice, u"2");
     std::erase(twice, u"20m|30m");
     EXPECT_EQ(twice, once);
+}
+
+TEST(ExtraCosts, ACompanionMayAskTheReaderWhileItIsAsked) {
+    const CostLibraries libraries("AsksBack");
+    libraries.Write("lib/13/k.mdb", "");
+    libraries.Write("lib/13/k.ec", CostFile);
+    for (const Texts& question :
+         {Texts{u"options", u"k.mdb", u"F"}, Texts{u"types", u"k.mdb", u"F"},
+          Texts{u"take-up", u"k.mdb", u"F"}, Texts{u"kind", u"k.mdb", u"xiu", u"F"}}) {
+        const Answers answers = libraries.AskAll(question);
+        EXPECT_NE(std::find(answers.begin(), answers.end(), u"> asked back: written [] 2"), answers.end());
+    }
+    EXPECT_EQ(libraries.AskIt(
+                  {u"options", u"k.mdb", u"F", u"kind", u"k.mdb", u"xiu", u"F", u"history", u"companion"}),
+              (Answers{u"20m|30m", u"2", u"written"}));
 }
 
 TEST(ExtraCosts, WhatIsMissingGivesNothing) {
