@@ -7,6 +7,7 @@
 
 #include "QsUtils/platform/CodePage.h"
 #include "QsUtils/platform/NativePath.h"
+#include "QsUtils/platform/Utf8.h"
 
 #include "tests/installation/ProbedInstallation.h"
 
@@ -217,6 +218,23 @@ TEST(Overview, WhyAProjectCantBeOpenedIsShown) {
     EXPECT_EQ(result.out.substr(0, 2), "no");
     EXPECT_NE(result.err.find("解析Xml文档失败:"), std::string::npos) << result.err;
     EXPECT_EQ(installation.Read("p.xml"), "<p>");
+}
+
+TEST(Overview, WhatIsShownIsWhatTheToolTells) {
+    const ProbedInstallation installation;
+    installation.Write("p.xml", "<p>");
+    installation.Write("q.xml", "<p a='1' a='2'/>");
+    for (const char16_t* file : {u"p.xml", u"q.xml", u"none.xml"}) {
+        const Answers told = installation.Ask({u"error-of", file});
+        ASSERT_EQ(told.size(), 1u);
+        ASSERT_NE(told[0], u"");
+        ProgramResult result = installation.Run({"add-fields", Escaped(file), "a"});
+        std::erase(result.err, '\r');
+        std::string shown = QsPlatform::EncodeUtf8(told[0]);
+        std::erase(shown, '\r');
+        EXPECT_NE(("\n" + result.err).find("\n" + shown + "\n"), std::string::npos)
+            << result.err << "instead of " << shown;
+    }
 }
 
 // --- The history
