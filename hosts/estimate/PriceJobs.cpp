@@ -171,7 +171,8 @@ private:
 
 /// Why several bills can't be priced so; empty when they can.
 std::string WhyNotSeveral(const PriceOptions& options, const std::vector<std::string>& bills) {
-    if (std::find(bills.begin(), bills.end(), "-") != bills.end() || options.variables == "-")
+    if (std::find(bills.begin(), bills.end(), "-") != bills.end() || options.variables == "-" ||
+        options.rates == "-")
         return "standard input is one file; it can't be read for several bills";
     if (options.csv)
         return "a CSV table holds one bill";
