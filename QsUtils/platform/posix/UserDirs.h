@@ -13,7 +13,7 @@ namespace QsPlatform {
 /// is empty, for HOME. Nothing when the variable isn't set, or when the value isn't an
 /// absolute path; a line that asks for more of a shell is passed over, as one without the variable is.
 ///
-/// Source of the form: the freedesktop.org specification of user-dirs.dirs.
+/// Source of the form: user-dirs.dirs as freedesktop.org describes it.
 std::optional<std::string> UserDirectory(std::string_view file, std::string_view variable,
                                          std::string_view home);
 
