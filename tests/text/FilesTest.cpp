@@ -167,10 +167,11 @@ TEST(CopyFolderAllFiles, ReadOnlyGoesFromTheSourceAndHoldsInTheTarget) {
     folder.Write("s/sub/c", "new");
     folder.Write("t/a", "old");
     folder.Write("t/sub/c", "old");
-    for (const char* name : {"s/a", "s/sub/c", "t/a", "t/sub/c"})
+    for (const char* name : {"s/a", "s/sub/c", "s/sub", "t/a", "t/sub/c"})
         SetReadOnly(folder.File(name));
     IQsUtils::CopyFolderAllFiles(At(folder, u"s"), At(folder, u"t"), false);
     EXPECT_FALSE(IsReadOnly(folder.File("s/a")));
+    EXPECT_FALSE(IsReadOnly(folder.File("s/sub")));
     EXPECT_FALSE(IsReadOnly(folder.File("s/sub/c")));
     EXPECT_EQ(folder.Read("t/a"), "old");
     EXPECT_EQ(folder.Read("t/b"), "new");
