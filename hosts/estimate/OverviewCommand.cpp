@@ -117,14 +117,14 @@ int AddOffer(const Streams& streams, const CString& path, const std::string& nam
 int Overview(const OverviewOptions& options, const Streams& streams) {
     if (options.project.empty())
         return ShowOffer(streams);
+    InputFile file = OpenOrRefuse(options.project, streams);
     const std::optional<std::wstring> path = LibraryPath(options.project);
-    {  // closed again: a file that is open can't be replaced everywhere
-        const InputFile file = OpenOrRefuse(options.project, streams);
-        if (file.stream == nullptr)
-            return CannotRun;
-        if (!path || options.project == "-" || !IsMarkup(*file.stream))
-            return Fail(streams, "no project in XML: " + options.project);
-    }
+    if (file.stream == nullptr)
+        return CannotRun;
+    if (!path || options.project == "-" || !IsMarkup(*file.stream))
+        return Fail(streams, "no project in XML: " + options.project);
+    // A file that is open isn't replaced on every system.
+    file.stream.reset();
     if (options.add)
         return AddOffer(streams, *path, options.project);
     OwnFields own;
