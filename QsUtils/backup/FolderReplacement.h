@@ -23,7 +23,9 @@ public:
     /// replaced.
     explicit FolderReplacement(const CString& folder);
 
-    /// Ends what a killed call has left: a complete new version is put in place, all else is removed.
+    /// Ends what a killed call has left: a complete new version is put in place, all else is removed. What
+    /// somebody has put meanwhile into a folder of that name joins the new version, unless something of the
+    /// same name is in it. While the name can't be had, all versions stay for a further call.
     void Recover();
 
     /// Replaces the folder by a copy of what is in `source`, or makes it; a `source` that isn't there gives

@@ -183,9 +183,9 @@ CopyOutcome CopyBetween(const FilePlace& source, FilePlace target, const CopyOpt
         if (replaces && !IsReplaceable(target, old, from))
             return CopyOutcome::LeftOut;
     }
+    const mode_t mode = (from.st_mode & Permissions) | (options.copiesMark ? 0 : S_IWUSR);
     // What replaces a private file must not be open to others even for a moment.
-    const NewVersion version =
-        Begin(target, options.isTargetUnseen, replaces ? S_IRUSR | S_IWUSR : from.st_mode & Permissions);
+    const NewVersion version = Begin(target, options.isTargetUnseen, replaces ? S_IRUSR | S_IWUSR : mode);
     if (!version.file.IsOpen())
         return IsWantOfRoom(errno) ? CopyOutcome::NoRoom : CopyOutcome::LeftOut;
     if (CopyContent(file.Number(), version.file.Number(), from, buffer) &&

@@ -20,6 +20,7 @@ constexpr std::size_t CopyBufferSize = std::size_t{1} << 18;
 struct CopyOptions {
     bool followsSource = true;         ///< a source that is a link is copied as the file that it leads to
     bool makesSourceWritable = false;  ///< unless it is a link
+    bool copiesMark = true;            ///< otherwise a new file is writable whatever its source is
     bool isTargetUnseen = false;  ///< nobody sees the target's folder yet, and nothing of the name is in it
 };
 

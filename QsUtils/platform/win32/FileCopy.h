@@ -11,6 +11,9 @@ namespace QsPlatform {
 /// straight to its name.
 CopyOutcome CopyBetween(const std::wstring& source, std::wstring target, bool isTargetUnseen);
 
+/// Takes the read-only mark off a file.
+void TakeMarkOff(const std::wstring& path);
+
 /// Takes the read-only mark off, and with it all others.
 bool SetNormal(const std::wstring& path);
 
