@@ -36,12 +36,12 @@ CString Replaceable(CString path) {
 }
 
 /// What stands beside a folder. A long name is cut, and its digest tells it from others that begin alike.
-CString Beside(const CString& folder, const char16_t* ending) {
+CString Beside(const CString& folder) {
     const int at = NameAt(folder);
     CString name = folder.Mid(at);
     if (name.GetLength() > LongestName)
         name = name.Left(LongestName / 2) + u"-" + QsMaterial::StreamMd5(name);
-    return folder.Left(at) + name + ending;
+    return folder.Left(at) + name;
 }
 
 /// Something may be in use only for a moment, and what then stays would be taken for marked as read-only.
@@ -118,16 +118,30 @@ void RemoveCopy(const CString& folder) {
 
 }  // namespace
 
-FolderReplacement::FolderReplacement(const CString& folder) : m_folder(Replaceable(folder)) {
-    m_new = Beside(m_folder, u".qsutils-new");
-    m_ready = Beside(m_folder, u".qsutils-ready");
-    m_old = Beside(m_folder, u".qsutils-old");
-    m_out = Beside(m_folder, u".qsutils-out");
+FolderReplacement::FolderReplacement(const CString& folder, const CString& aside)
+    : m_folder(Replaceable(folder)), m_aside(aside) {
+    NameVersions(Beside(m_folder));
+}
+
+void FolderReplacement::NameVersions(const CString& beginning) {
+    m_new = beginning + u".qsutils-new";
+    m_ready = beginning + u".qsutils-ready";
+    m_old = beginning + u".qsutils-old";
+    m_out = beginning + u".qsutils-out";
+}
+
+FolderReplacement FolderReplacement::Aside() const {
+    FolderReplacement aside(m_folder);
+    aside.m_isAside = true;
+    aside.NameVersions(m_aside + u"\\" + QsMaterial::StreamMd5(m_folder));
+    return aside;
 }
 
 void FolderReplacement::Recover() {
     if (m_folder.IsEmpty())
         return;
+    if (!m_aside.IsEmpty())
+        Aside().Recover();
     if (IsThere(m_new))
         RemoveCopy(m_new);
     if (IsThere(m_ready) && !PutReadyInPlace())
@@ -145,6 +159,10 @@ bool FolderReplacement::ReplaceByCopyOf(const CString& source) {
     Recover();
     if (IsThere(m_ready))
         return false;  // it would come after what is copied now
+    bool lacksRoom = false;
+    if (!QsPlatform::CreateFolder(m_new, &lacksRoom))
+        return !lacksRoom && !m_aside.IsEmpty() && QsPlatform::IsFolder(m_folder) &&
+               Aside().ReplaceByCopyOf(source);
     if (Copy(source) && PutInPlace())
         return true;
     if (IsThere(m_new))
@@ -153,7 +171,7 @@ bool FolderReplacement::ReplaceByCopyOf(const CString& source) {
 }
 
 bool FolderReplacement::Copy(const CString& source) const {
-    if (!QsPlatform::CreateFolder(m_new) || !QsPlatform::CopyToUnseenFolder(source, m_new))
+    if (!QsPlatform::CopyToUnseenFolder(source, m_new))
         return false;
     // Once for all files, before the copy gets the name: flushing them one by one takes many times as long.
     QsPlatform::FlushFileSystem(m_new);
@@ -163,6 +181,8 @@ bool FolderReplacement::Copy(const CString& source) const {
 /// One step that exchanges both versions where the system has it. Where it doesn't, the ready version tells a
 /// further call what to do about the moment at which neither has the name.
 bool FolderReplacement::PutInPlace() const {
+    if (m_isAside)
+        return QsPlatform::MoveEntry(m_new, m_ready) && RewriteFromReady();
     if (!IsThere(m_folder))
         return QsPlatform::MoveEntry(m_new, m_folder);
     if (QsPlatform::MoveEntry(m_new, m_out)) {
@@ -176,6 +196,8 @@ bool FolderReplacement::PutInPlace() const {
 }
 
 bool FolderReplacement::PutReadyInPlace() const {
+    if (m_isAside)
+        return RewriteFromReady();
     if (IsThere(m_folder)) {
         // With both versions beside it, it is one that somebody has made since. What is in it is younger than
         // they are, and joins the ready one; what the ready one has under the same name isn't replaced, so

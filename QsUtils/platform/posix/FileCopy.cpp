@@ -197,4 +197,23 @@ CopyOutcome CopyBetween(const FilePlace& source, FilePlace target, const CopyOpt
     return outcome;
 }
 
+Rewriting RewriteBy(const FilePlace& source, const FilePlace& target, char* buffer) {
+    struct stat from {};
+    const FileDescriptor file = OpenSource(source, {}, from);
+    const FileDescriptor to(::openat(target.base, target.path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat old {};
+    if (!file.IsOpen() || !to.IsOpen() || ::fstat(to.Number(), &old) != 0 || !S_ISREG(old.st_mode) ||
+        (old.st_dev == from.st_dev && old.st_ino == from.st_ino))
+        return Rewriting::NotBegun;
+    // Not every file system can do it.
+    if (from.st_size > old.st_size && ::fallocate(to.Number(), FALLOC_FL_KEEP_SIZE, 0, from.st_size) != 0 &&
+        IsWantOfRoom(errno))
+        return Rewriting::NotBegun;
+    return CopyContent(file.Number(), to.Number(), from, buffer) &&
+                   ::ftruncate(to.Number(), from.st_size) == 0 && TakeMarks(to.Number(), from, &old) &&
+                   ::fsync(to.Number()) == 0
+               ? Rewriting::Done
+               : Rewriting::Unfinished;
+}
+
 }  // namespace QsPlatform

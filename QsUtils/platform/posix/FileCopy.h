@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 
+#include "QsUtils/platform/Files.h"
 #include "QsUtils/platform/FolderCopying.h"
 
 namespace QsPlatform {
@@ -23,6 +24,9 @@ struct CopyOptions {
     bool copiesMark = true;            ///< otherwise a new file is writable whatever its source is
     bool isTargetUnseen = false;  ///< nobody sees the target's folder yet, and nothing of the name is in it
 };
+
+/// As `RewriteFile` does.
+Rewriting RewriteBy(const FilePlace& source, const FilePlace& target, char* buffer);
 
 /// As `CopyOneFile` does; `buffer` has `CopyBufferSize` bytes.
 CopyOutcome CopyBetween(const FilePlace& source, FilePlace target, const CopyOptions& options, char* buffer);

@@ -97,4 +97,13 @@ CopyOutcome CopyBetween(const std::wstring& source, std::wstring target, bool is
     return CopyToNewName(source, target, replaces);
 }
 
+Rewriting RewriteBy(const std::wstring& source, const std::wstring& target) {
+    const DWORD from = ::GetFileAttributesW(source.c_str());
+    if (from == INVALID_FILE_ATTRIBUTES || (from & FILE_ATTRIBUTE_DIRECTORY) != 0 ||
+        IsSameFile(source, target))
+        return Rewriting::NotBegun;
+    return ::CopyFileW(source.c_str(), target.c_str(), FALSE) && Flush(target) ? Rewriting::Done
+                                                                               : Rewriting::Unfinished;
+}
+
 }  // namespace QsPlatform
