@@ -5,6 +5,7 @@
 
 #include "QsUtils/backup/BackUpNames.h"
 #include "QsUtils/backup/BehindMark.h"
+#include "QsUtils/backup/FilePutBack.h"
 #include "QsUtils/backup/FolderReplacement.h"
 #include "QsUtils/backup/ProjectPlaces.h"
 #include "QsUtils/platform/AbandonedVersions.h"
@@ -16,6 +17,7 @@
 #include "QsUtils/text/Numbers.h"
 
 using QsBackup::BehindMark;
+using QsBackup::FilePutBack;
 using QsBackup::FolderReplacement;
 using QsBackup::ProjectPlaces;
 using QsPlatform::FileFailure;
@@ -60,7 +62,8 @@ void RenewSavedGraphics(const ProjectPlaces& places) {
 /// Ends what calls that were killed have left.
 void Recover(const ProjectPlaces& places) {
     FolderReplacement(places.savedGraphics).Recover();
-    FolderReplacement(places.graphics).Recover();
+    FolderReplacement(places.graphics, places.folder).Recover();
+    FilePutBack(places.dataBase, places.folder).Recover();
     QsPlatform::RemoveAbandonedVersions(places.folder);
     const int separator = places.dataBase.ReverseFind(u'\\');
     QsPlatform::RemoveAbandonedVersions(separator < 0 ? CString(u".") : places.dataBase.Left(separator));
@@ -115,7 +118,7 @@ void CQSBackUpUtility::OnBackUpSaveFile(const CString& strProjectFile) {
     const std::optional<ProjectPlaces> places = Begin(strProjectFile);
     if (!places)
         return;
-    QsPlatform::CopyOneFile(places->workingDataBase, places->dataBase);
+    FilePutBack(places->dataBase, places->folder).CopyFrom(places->workingDataBase);
     const Versions versions = ReadVersions(*places);
     if (!versions.Differ() && !BehindMark(*places).IsSet())
         return;
@@ -145,7 +148,8 @@ void CQSBackUpUtility::OnNotSaveGraphicFile(const CString& strProjectFile) {
         return;
     // The changes are the lesser evil beside a saved folder of who knows when.
     const BehindMark mark(*places);
-    if (!mark.IsSet() && !FolderReplacement(places->graphics).ReplaceByCopyOf(places->savedGraphics))
+    if (!mark.IsSet() &&
+        !FolderReplacement(places->graphics, places->folder).ReplaceByCopyOf(places->savedGraphics))
         mark.Set();  // changes that stay while the versions become alike
     WriteVersions(*places, {{QsBackup::RunVersion, versions.backUp}});
 }

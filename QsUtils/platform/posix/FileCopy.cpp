@@ -191,9 +191,9 @@ CopyOutcome CopyBetween(const FilePlace& source, FilePlace target, const CopyOpt
         if (replaces && !IsReplaceable(target, old, from))
             return CopyOutcome::LeftOut;
     }
+    const mode_t mode = (from.st_mode & Permissions) | (options.copiesMark ? 0 : S_IWUSR);
     // What replaces a private file must not be open to others even for a moment.
-    const NewVersion version =
-        Begin(target, options.isTargetUnseen, replaces ? S_IRUSR | S_IWUSR : from.st_mode & Permissions);
+    const NewVersion version = Begin(target, options.isTargetUnseen, replaces ? S_IRUSR | S_IWUSR : mode);
     if (!version.file.IsOpen())
         return IsWantOfRoom(errno) ? CopyOutcome::NoRoom : CopyOutcome::LeftOut;
     if (CopyContent(file.Number(), version.file.Number(), from, buffer) &&
@@ -203,6 +203,25 @@ CopyOutcome CopyBetween(const FilePlace& source, FilePlace target, const CopyOpt
     const CopyOutcome outcome = IsWantOfRoom(errno) ? CopyOutcome::NoRoom : CopyOutcome::LeftOut;
     ::unlinkat(target.base, version.path.c_str(), 0);
     return outcome;
+}
+
+Rewriting RewriteBy(const FilePlace& source, const FilePlace& target, char* buffer) {
+    struct stat from {};
+    const FileDescriptor file = OpenSource(source, {}, from);
+    const FileDescriptor to(::openat(target.base, target.path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat old {};
+    if (!file.IsOpen() || !to.IsOpen() || ::fstat(to.Number(), &old) != 0 || !S_ISREG(old.st_mode) ||
+        (old.st_dev == from.st_dev && old.st_ino == from.st_ino))
+        return Rewriting::NotBegun;
+    // Not every file system can do it.
+    if (from.st_size > old.st_size && ::fallocate(to.Number(), FALLOC_FL_KEEP_SIZE, 0, from.st_size) != 0 &&
+        IsWantOfRoom(errno))
+        return Rewriting::NotBegun;
+    return CopyContent(file.Number(), to.Number(), from, buffer) &&
+                   ::ftruncate(to.Number(), from.st_size) == 0 && TakeMarks(to.Number(), from, &old) &&
+                   ::fsync(to.Number()) == 0
+               ? Rewriting::Done
+               : Rewriting::Unfinished;
 }
 
 }  // namespace QsPlatform

@@ -35,7 +35,7 @@ bool RenameFolder(const HeldFolder& parent, const NativeName& from, const Native
            ::renameat(parent.Number(), from.c_str(), parent.Number(), to.c_str()) == 0;
 }
 
-FileCopier::FileCopier() : m_buffer(new char[CopyBufferSize]) {}
+FileCopier::FileCopier(bool copiesMarks) : m_copiesMarks(copiesMarks), m_buffer(new char[CopyBufferSize]) {}
 
 FileCopier::~FileCopier() = default;
 
@@ -45,6 +45,7 @@ CopyOutcome FileCopier::Copy(const HeldFolder& source, const CopiedFile& file, c
     options.followsSource = file.isLink;
     options.makesSourceWritable = !file.isLink;
     options.isTargetUnseen = isUnseen;
+    options.copiesMark = m_copiesMarks;
     return CopyBetween({source.Number(), file.name}, {target.Number(), file.name}, options, m_buffer.get());
 }
 

@@ -1,5 +1,6 @@
 // What becomes of drawings when the disk was full at one event or the other, and there is room again later.
 #include <filesystem>
+#include <iterator>
 #include <random>
 #include <string>
 
@@ -54,6 +55,10 @@ public:
         FaultPoints::Arm(plan);
         ::Carry(operation, project);
         FaultPoints::Disarm();
+        // Where a rename takes room the folder may be on its way, and comes back with the next call.
+        const auto beside = fs::directory_iterator(m_folders.Folder().File(place));
+        if (std::distance(beside, {}) != 2)
+            ::Carry(Operation::Look, project);
     }
     void Change(const std::string& place, const std::string& what, int point = 0) const {
         Draw(place, what);

@@ -91,7 +91,8 @@ int __wrap_renameat2(int fromBase, const char* from, int toBase, const char* to,
         return -1;
     }
     // As what is mounted can't be moved; what stands beside it can.
-    if (!FaultPoints::MayMoveFolders() && ((flags & RENAME_EXCHANGE) != 0 || !IsVersionBeside(from))) {
+    if (!FaultPoints::MayMoveFolders() &&
+        ((flags & RENAME_EXCHANGE) != 0 || (!IsVersionBeside(from) && IsVersionBeside(to)))) {
         errno = EBUSY;
         return -1;
     }
