@@ -8,7 +8,8 @@
 namespace QsFrame {
 
 /// Writes a message to the log, in the ANSI code page and up to its first NUL; an empty one isn't written.
-/// Whatever fails, the caller doesn't hear of it. Any thread may call it.
+/// Whatever fails, the caller doesn't hear of it. Any thread may call it, at any time: beyond the end of the
+/// module's static objects the line is lost.
 void LogMessage(const CString& message) noexcept;
 
 /// The same for a formatted message.

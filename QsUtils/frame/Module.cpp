@@ -43,7 +43,7 @@ CString IQsUtils::m_strSoftVersion;
 
 namespace {
 
-constinit QsFrame::ServiceHolder<QsFrame::CLogWriter> theLogWriter;
+constinit QsFrame::SharedServiceHolder<QsFrame::CLogWriter> theLogWriter;
 
 }  // namespace
 
@@ -163,7 +163,8 @@ CExtraCostRead& ConfigurationReader() {
 void LogMessage(const CString& message) noexcept {
     try {
         const std::u16string_view text = message.View();
-        theLogWriter.Get().Write(QsPlatform::EncodeAnsi(text.substr(0, text.find(u'\0'))));
+        const std::string line = QsPlatform::EncodeAnsi(text.substr(0, text.find(u'\0')));
+        theLogWriter.With([&line](CLogWriter& writer) { writer.Write(line); });
     } catch (const std::exception&) {  // memory exhaustion: the line is lost
     }
 }

@@ -6,9 +6,12 @@
 //   thread NAME    a thread; answers its id as the log writes it
 //   nothread       a thread that can't be had
 //   tasks          a run of the task manager through all that it logs
+//   leave WHAT     threads that do WHAT until the process is gone; the last command
+#include <atomic>
 #include <cstdio>
 #include <exception>
 #include <string>
+#include <thread>
 
 #include <QsUtils/QsUtils.h>
 
@@ -56,6 +59,55 @@ void RunTasks() {
     told.Await(2);
 }
 
+std::atomic<int> theBusy{0};
+
+std::uint32_t LogForEver(void*) {
+    for (++theBusy;;)
+        IQsUtils1::LogError(u"[INFO]: still here");
+}
+
+std::uint32_t StartForEver(void*) {
+    for (++theBusy;;) {
+        const HANDLE thread = IQsUtils::StartThread(DoNothing, nullptr, u"another", nullptr);
+        WaitForSingleObject(thread, INFINITE);
+        CloseHandle(thread);
+    }
+}
+
+/// Never ended, as hosts do it that let the system end all.
+class EndlessTasks : public ITaskResultNotify {
+public:
+    EndlessTasks() { m_manager.AddTaskThreadMgrObserver(this); }
+    void OnTaskSuccess(const CString& name) override {
+        ++theBusy;
+        Start(name);
+    }
+    void OnTaskFailed(const CString&, const CString&) override {}
+    void Start(const CString& name) {
+        m_manager.StartTask(new TestTask(m_manager, name, [] { return 1; }));
+    }
+
+private:
+    CQSThreadManager m_manager{false};
+};
+
+bool LeaveBusyThreads(const CString& what) {
+    constexpr int count = 4;
+    if (what == u"tasks") {
+        auto* const tasks = new EndlessTasks;
+        for (const char16_t* name : {u"a", u"b", u"c", u"d"})
+            tasks->Start(name);
+    } else {
+        const QsThreadRoutine routine = what == u"log" ? LogForEver : StartForEver;
+        for (int i = 0; i < count; ++i)
+            if (IQsUtils::StartThread(routine, nullptr, u"busy", nullptr) == nullptr)
+                return false;
+    }
+    while (theBusy < count)
+        std::this_thread::yield();
+    return true;
+}
+
 class Arguments {
 public:
     Arguments(int count, char** texts) : m_next(texts + 1), m_end(texts + count) {}
@@ -84,6 +136,8 @@ bool Do(const CString& command, Arguments& arguments) {
         RunThread(u"none", nullptr);
     } else if (command == u"tasks") {
         RunTasks();
+    } else if (command == u"leave") {
+        return LeaveBusyThreads(arguments.Next());
     } else {
         return false;
     }

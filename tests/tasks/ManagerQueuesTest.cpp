@@ -178,6 +178,14 @@ TEST_P(ManagerQueues, EnteringReapsOnlyTheSameName) {
     EXPECT_EQ(Call<ManagerMembers::ExitFromActiveQueue>(m_manager, CString(u"c"), 0), 1);
 }
 
+TEST_P(ManagerQueues, AReapedTaskMayTakeTheNameThatEnters) {
+    auto* const first = static_cast<TestTask*>(Finished(u"a"));
+    first->onEnd = [this] { m_manager.StartTask(Task(u"a")); };
+    NamedTask second(m_manager, u"a");
+    EXPECT_EQ(m_manager.EnterActiveQueue(&second), 0);
+    EXPECT_EQ(m_ran.Await(1), Entries{u"a"});
+}
+
 TEST_P(ManagerQueues, FindingAnActiveNameReapsOnTheWay) {
     Finished(u"a");
     EXPECT_EQ(m_alive, 1);

@@ -1,5 +1,6 @@
 #include "QsUtils/platform/posix/HandleTable.h"
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 #include <vector>
@@ -76,6 +77,10 @@ Deadline::Deadline(DWORD milliseconds) : m_isNow(milliseconds == 0) {
         m_moment = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
 }
 
+bool Deadline::IsOver() const {
+    return m_moment && (m_isNow || std::chrono::steady_clock::now() >= *m_moment);
+}
+
 bool Deadline::Await(std::condition_variable& change, HandleLock& lock) const {
     if (m_isNow)
         return false;
@@ -84,6 +89,12 @@ bool Deadline::Await(std::condition_variable& change, HandleLock& lock) const {
         return true;
     }
     return change.wait_until(lock, *m_moment) == std::cv_status::no_timeout;
+}
+
+void Deadline::Pause(std::condition_variable& change, HandleLock& lock,
+                     std::chrono::microseconds pause) const {
+    const auto moment = std::chrono::steady_clock::now() + pause;
+    change.wait_until(lock, m_moment ? std::min(moment, *m_moment) : moment);
 }
 
 HANDLE OpenHandle(const HandleLock&, SharedHandleObject object) noexcept {

@@ -19,10 +19,14 @@ HandleLock LockHandles();
 class Deadline {
 public:
     explicit Deadline(DWORD milliseconds);
-    /// Whether the wait only asks.
-    bool IsNow() const noexcept { return m_isNow; }
+    /// Whether the wait has no limit.
+    bool IsNever() const noexcept { return !m_moment; }
+    /// Whether it is too late for another wait.
+    bool IsOver() const;
     /// Waits for a change; false when it is too late for one.
     bool Await(std::condition_variable& change, HandleLock& lock) const;
+    /// Waits for a change, for `pause` at most.
+    void Pause(std::condition_variable& change, HandleLock& lock, std::chrono::microseconds pause) const;
 
 private:
     bool m_isNow;
