@@ -97,13 +97,16 @@ protected:
                 return path += ending;
             };
             fs::rename(m_project.Graphics(), beside(".qsutils-old"));
-            WriteTree(beside(".qsutils-ready"), SavedDrawings);
+            WriteTree(beside(".qsutils-ready"), Ready);
             WriteTree(m_project.Graphics(), {{"mine", "mine"}, {"plan.dwg", "newer"}, {"a/mine", "mine"}});
         };
-        TreeOfFiles joined = SavedDrawings;
+        TreeOfFiles joined = Ready;
         joined["mine"] = joined["a/mine"] = "mine";
         m_project.AddWholeVersion(joined);
     }
+
+    /// Whole only together with what the host has put there.
+    const TreeOfFiles Ready = {{"plan.dwg", "the ready plan"}, {"a/", ""}, {"a/1.dwg", "first floor"}};
 };
 
 TEST_P(FolderMadeAnew, AKilledRecovery) {

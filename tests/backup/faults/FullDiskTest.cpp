@@ -43,8 +43,9 @@ public:
     }
 
     /// `point` is where the disk gets full; 0 when it has room.
-    void Carry(Operation operation, const std::string& place, int point = 0) const {
-        Plan plan{point == 0 ? Fault::None : Fault::DiskFull, point};
+    void Carry(Operation operation, const std::string& place, int point = 0,
+               Fault fault = Fault::DiskFull) const {
+        Plan plan{point == 0 ? Fault::None : fault, point};
         plan.renamesTakeRoom = m_ways.renamesTakeRoom;
         const CString project = m_folders.Folder().Text(place) + u"\\" +
                                 FromNativePath(m_folders.Graphics().filename()) + u".gcs";
@@ -57,7 +58,7 @@ public:
         FaultPoints::Disarm();
         // Where a rename takes room the folder may be on its way, and comes back with the next call.
         const auto beside = fs::directory_iterator(m_folders.Folder().File(place));
-        if (std::distance(beside, {}) != 2)
+        if (std::distance(beside, {}) != 2 || !fs::exists(Graphics(place)))
             ::Carry(Operation::Look, project);
     }
     void Change(const std::string& place, const std::string& what, int point = 0) const {
@@ -165,6 +166,19 @@ TEST_P(FirstOpening, OnAFullDiskLosesNothing) {
     m_projects.Carry(Operation::Discard, "a");
     ExpectPlan("a", "changed");
     EXPECT_TRUE(fs::exists(m_projects.Mark())) << "there was room meanwhile";
+    ExpectWorksAgain("a");
+}
+
+TEST_P(FullDisk, ChangesThatAreCalledDiscardedButStayedAreSaved) {
+    m_projects.Carry(Operation::Open, "a");
+    m_projects.Change("a", "changed");
+    // The drawings can't be copied, while the version file can be written.
+    m_projects.Carry(Operation::Discard, "a", 1, Fault::Error);
+    ExpectPlan("a", "changed");
+    m_projects.Carry(Operation::Save, "a");
+    m_projects.Change("a", "dropped");
+    m_projects.Carry(Operation::Discard, "a");
+    ExpectPlan("a", "changed");
     ExpectWorksAgain("a");
 }
 
