@@ -2,6 +2,7 @@
 #pragma once
 
 #include <exception>
+#include <string_view>
 
 #include "QsUtils/text/CString.h"
 
@@ -12,12 +13,22 @@ namespace QsFrame {
 /// module's static objects the line is lost.
 void LogMessage(const CString& message) noexcept;
 
-/// The same for a formatted message.
+/// What a format takes of an argument: it sees the end of a text in its first NUL.
+template <typename Argument>
+const Argument& Formatted(const Argument& argument) {
+    return argument;
+}
+inline CString Formatted(const CString& text) {
+    const std::u16string_view units = text.View();
+    return CString(units.substr(0, units.find(u'\0')));
+}
+
+/// The same for a formatted message, in which each text ends at its first NUL.
 template <typename... Arguments>
 void Log(const char16_t* format, const Arguments&... arguments) noexcept {
     try {
         CString message;
-        message.Format(format, arguments...);
+        message.Format(format, Formatted(arguments)...);
         LogMessage(message);
     } catch (const std::exception&) {  // memory exhaustion: the line is lost
     }

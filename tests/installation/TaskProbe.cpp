@@ -2,12 +2,14 @@
 // answer on a line of its own. Arguments and answers are escaped.
 //   log TEXT       a line of the log
 //   track NAME     a tracker, and a copy of it, each of which reports
+//   work MS AGO NAME  a tracker of so long a sleep that began so much earlier, and a copy made at its end
 //   assign A B     two trackers, of which the first is assigned to the second
 //   thread NAME    a thread; answers its id as the log writes it
 //   nothread       a thread that can't be had
 //   tasks          a run of the task manager through all that it logs
 //   leave WHAT     threads that do WHAT until the process is gone; the last command
 #include <atomic>
+#include <chrono>
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -120,12 +122,41 @@ private:
     char** m_end;
 };
 
+// An explicit instantiation may name a private member.
+struct StartTick {
+    using Member = std::uint32_t CTimeCostTracker::*;
+    friend constexpr Member MemberOf(StartTick);
+};
+template <typename Tag, typename Tag::Member member>
+struct Opened {
+    friend constexpr typename Tag::Member MemberOf(Tag) { return member; }
+};
+template struct Opened<StartTick, &CTimeCostTracker::m_nStartTick>;
+
+/// A tracker of so many milliseconds of sleep, which began so many more ago, and a copy of it.
+void TrackWork(std::uint32_t sleep, std::uint32_t ago, const CString& name) {
+    CTimeCostTracker tracker(name);
+    tracker.*MemberOf(StartTick()) -= ago;
+    std::this_thread::sleep_for(std::chrono::milliseconds(sleep));
+    const CTimeCostTracker copy(tracker);
+}
+
+std::uint32_t Number(const CString& text) {
+    int number = 0;
+    IQsUtils::ParseToInteger(text, number);
+    return static_cast<std::uint32_t>(number);
+}
+
 bool Do(const CString& command, Arguments& arguments) {
     if (command == u"log") {
         IQsUtils1::LogError(arguments.Next());
     } else if (command == u"track") {
         const CTimeCostTracker tracker(arguments.Next());
         const CTimeCostTracker copy(tracker);
+    } else if (command == u"work") {
+        const std::uint32_t sleep = Number(arguments.Next());
+        const std::uint32_t ago = Number(arguments.Next());
+        TrackWork(sleep, ago, arguments.Next());
     } else if (command == u"assign") {
         CTimeCostTracker first(arguments.Next());
         CTimeCostTracker second(arguments.Next());
