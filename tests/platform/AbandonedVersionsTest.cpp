@@ -34,6 +34,7 @@ TEST(AbandonedVersions, ThoseOfGoneProcessesOfThisMachineGo) {
     const fs::path plain = folder.Write(NameOf(ThisMachine(), Gone), "half");
     const fs::path marked = folder.Write(NameOf(ThisMachine(), Gone - 1), "half");
     fs::permissions(marked, fs::perms::owner_write, fs::perm_options::remove);
+    folder.Write(NameOf(ThisMachine(), Gone - 2) + "/a file in a folder", "half");
     RemoveAbandonedVersions(FromNativePath(folder.Path()));
     EXPECT_FALSE(fs::exists(plain));
     EXPECT_FALSE(fs::exists(marked));
@@ -44,8 +45,9 @@ TEST(AbandonedVersions, ThoseOfRunningProcessesAndOfOtherMachinesStay) {
     const TemporaryFolder folder;
     folder.Write(NameOf(ThisMachine(), ThisProcess()), "being written");
     folder.Write(NameOf(ThisMachine() ^ 1U, Gone), "being written there");
+    folder.Write(NameOf(ThisMachine() ^ 1U, Gone - 1) + "/a file in a folder", "being written there");
     RemoveAbandonedVersions(FromNativePath(folder.Path()));
-    EXPECT_EQ(folder.Entries(), 2);
+    EXPECT_EQ(folder.Entries(), 3);
 }
 
 TEST(AbandonedVersions, WhatHasAnotherNameStays) {
@@ -63,7 +65,7 @@ TEST(AbandonedVersions, WhatHasAnotherNameStays) {
                                  "house.qsutils-new"};
     for (const std::string& name : names)
         folder.Write(name, "stays");
-    folder.Write(NameOf(ThisMachine(), Gone - 2) + "/in a folder of such a name", "stays");
+    folder.Write(".qsutils-" + machine + "--1.tmp/a file in a folder", "stays");
     RemoveAbandonedVersions(FromNativePath(folder.Path()));
     for (const std::string& name : names)
         EXPECT_TRUE(folder.Has(name)) << name;
