@@ -16,8 +16,12 @@ INSTANTIATE_TEST_SUITE_P(BusyThreads, Leave, testing::Values(u"log", u"starts", 
 TEST_P(Leave, TheProcessEndsAsItsHostDoes) {
     const ProbedLog host;
     host.MakeLogFolder();
-    for (int round = 0; round < Rounds(ThreadRounds(120)); ++round)
-        ASSERT_NO_THROW(host.Do({u"leave", GetParam()})) << "round " << round;
+    for (int round = 0; round < Rounds(ThreadRounds(120)); ++round) {
+        // Nobody joins a thread that ends when the module has; a sanitizer takes each for a leak.
+        const ProgramResult result =
+            host.Run({"leave", Escaped(GetParam())}, {{"TSAN_OPTIONS", "report_thread_leaks=0"}});
+        ASSERT_EQ(result.status, 0) << "round " << round << '\n' << result.err;
+    }
     EXPECT_TRUE(host.HasLog());
 }
 
