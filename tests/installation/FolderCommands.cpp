@@ -6,6 +6,7 @@
 //   folder CODE     the folder of a code
 //   folders         those of all getters, one answer each
 #include <cstdlib>
+#include <deque>
 #include <filesystem>
 #include <string>
 
@@ -39,8 +40,8 @@ constexpr CString (IProjectDirectory::*Getters[])() = {
 
 /// The environment keeps the text itself.
 void SetVariable(const CString& assignment) {
-    auto* const text = new std::string(ToNativePath(assignment).string());
-    ::putenv(text->data());
+    static std::deque<std::string> kept;
+    ::putenv(kept.emplace_back(ToNativePath(assignment).string()).data());
 }
 
 }  // namespace
