@@ -31,8 +31,8 @@ public:
     virtual std::int32_t InitTask();
     /// The running thread; null before the start and at the end, which is when `ExecuteTask` has returned and
     /// observers have been told of it. The manager's own calls needn't wait for that: an observer, or the
-    /// destructor of a task, finds null as soon as `ExecuteTask` has returned. The handle is the manager's: it
-    /// stays good until the task is deleted. Any thread may ask while the task exists.
+    /// destructor of a task, finds null as soon as `ExecuteTask` has returned. The handle is the manager's:
+    /// it stays good until the task is deleted. Any thread may ask while the task exists.
     virtual HANDLE GetThread();
 
 protected:
