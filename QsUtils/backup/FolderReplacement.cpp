@@ -46,7 +46,10 @@ CString Beside(const CString& folder) {
 
 /// Something may be in use only for a moment, and what then stays would be taken for marked as read-only.
 bool RemoveTwice(const CString& folder) {
-    return QsPlatform::RemoveFolderTree(folder) || QsPlatform::RemoveFolderTree(folder);
+    bool isRemoved = false;
+    for (int tries = 0; tries < 2 && !isRemoved; ++tries)
+        isRemoved = QsPlatform::RemoveFolderTree(folder);
+    return isRemoved;
 }
 
 /// Moves what can't be removed in `from` into `to`, folder by folder, in place of what stands there.
@@ -141,7 +144,11 @@ void FolderReplacement::Recover() {
     if (m_folder.IsEmpty())
         return;
     if (!m_aside.IsEmpty())
-        Aside().Recover();
+        Aside().RecoverVersions();
+    RecoverVersions();
+}
+
+void FolderReplacement::RecoverVersions() const {
     if (IsThere(m_new))
         RemoveCopy(m_new);
     if (IsThere(m_ready) && !PutReadyInPlace())
@@ -157,17 +164,23 @@ bool FolderReplacement::ReplaceByCopyOf(const CString& source) {
     if (m_folder.IsEmpty() || (IsThere(m_folder) && !QsPlatform::IsFolder(m_folder)))
         return true;
     Recover();
+    Attempt attempt = TryToReplace(source);
+    if (attempt == Attempt::NoEntryBeside && !m_aside.IsEmpty() && QsPlatform::IsFolder(m_folder))
+        attempt = Aside().TryToReplace(source);
+    return attempt == Attempt::Replaced;
+}
+
+FolderReplacement::Attempt FolderReplacement::TryToReplace(const CString& source) const {
     if (IsThere(m_ready))
-        return false;  // it would come after what is copied now
+        return Attempt::Failed;  // it would come after what is copied now
     bool lacksRoom = false;
     if (!QsPlatform::CreateFolder(m_new, &lacksRoom))
-        return !lacksRoom && !m_aside.IsEmpty() && QsPlatform::IsFolder(m_folder) &&
-               Aside().ReplaceByCopyOf(source);
+        return lacksRoom ? Attempt::Failed : Attempt::NoEntryBeside;
     if (Copy(source) && PutInPlace())
-        return true;
+        return Attempt::Replaced;
     if (IsThere(m_new))
         RemoveCopy(m_new);
-    return false;
+    return Attempt::Failed;
 }
 
 bool FolderReplacement::Copy(const CString& source) const {

@@ -41,6 +41,10 @@ public:
 private:
     void NameVersions(const CString& beginning);
     FolderReplacement Aside() const;
+    enum class Attempt { Replaced, Failed, NoEntryBeside };
+
+    Attempt TryToReplace(const CString& source) const;
+    void RecoverVersions() const;
     bool Copy(const CString& source) const;
     bool PutInPlace() const;
     bool PutReadyInPlace() const;

@@ -48,7 +48,7 @@ HANDLE CThreadTask::GetThread() {
 // the manager has called back, which holds up what belongs to the end of the others; for anybody else it is
 // when its end has been told.
 HANDLE CThreadTask::ThreadHandle() const noexcept {
-    const HANDLE thread = std::atomic_ref(const_cast<HANDLE&>(m_hThread)).load(std::memory_order_acquire);
+    HANDLE thread = std::atomic_ref(const_cast<HANDLE&>(m_hThread)).load(std::memory_order_acquire);
     if ((BitsOf(thread) & ReturnMark) == 0)
         return thread;
     return m_pManager->IsCalledBack() ? nullptr : reinterpret_cast<HANDLE>(BitsOf(thread) & ~ReturnMark);

@@ -61,7 +61,7 @@ TEST_P(RandomKill, LeavesWholeVersions) {
     int killed = 0;
     int length = 0;
     const auto isWhole = [&](const TreeOfFiles& tree) { return tree == one || tree == other; };
-    for (int round = 0; round < Rounds(80); ++round) {
+    for (int round = 0; round < Rounds(80) || (killed == 0 && round < 400); ++round) {
         if (round % 10 == 0) {
             fs::remove_all(project.Graphics());
             WriteTree(project.Graphics(), one);
