@@ -97,8 +97,10 @@ bool CopyContent(int from, int to, const struct stat& status, char* buffer) {
             return CopySparse(from, to, status.st_size, buffer);
         // Blocks that are there already are written in larger pieces, in half the time that copy_file_range
         // takes on a local disk; a disk that is full says so now. Not every file system can do it.
-        if (::fallocate(to, FALLOC_FL_KEEP_SIZE, 0, status.st_size) != 0 && errno == ENOSPC)
+        if (::fallocate(to, 0, 0, status.st_size) != 0 && errno == ENOSPC)
             return false;
+        // A source that has become shorter meanwhile gives a shorter copy.
+        return CopyBytes(from, to, status.st_size, buffer) && ::ftruncate(to, ::lseek(to, 0, SEEK_CUR)) == 0;
     }
     // Files of some systems don't tell their size: up to the end then, wherever that is.
     return CopyBytes(from, to, status.st_size > 0 ? status.st_size : std::numeric_limits<off_t>::max(),
