@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds the library with its host, prices the sample bill, and lists the libraries of the sample
-# installation. With --windows as first argument this is done with the Windows build under Wine. Other arguments are
-# passed on to `estimate price`, for instance --json; then nothing is listed.
+# Installs what is missing, builds the library with its host, prices the sample bill with the extra costs of its library,
+# and lists the libraries of the sample installation. With --windows as first argument this is done with the Windows build
+# under Wine. Other arguments are passed on to `estimate price`, for instance --json; then nothing is listed.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/scripts/common.sh"
@@ -23,5 +23,6 @@ fi
     build "$preset" installation
     [[ $preset == release ]] || start_wine 1
 } >&2
-"${estimate[@]}" price "$root/samples/bill.csv" --vars "$root/samples/variables.csv" "$@"
+"${estimate[@]}" price "$root/samples/bill.csv" --vars "$root/samples/variables.csv" \
+    --extra-costs 建筑子目2012.zkx --family 北京 --rates "$root/samples/extra-costs.csv" "$@"
 [[ $# -gt 0 ]] || "${estimate[@]}" libraries

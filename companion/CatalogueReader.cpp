@@ -18,14 +18,18 @@ constexpr const wchar_t* MainFile = L"Catalogue.xml";
 constexpr const wchar_t* DefaultRoot = L"..\\Library";
 constexpr std::wstring_view XmlEnding = L".xml";
 
-bool IsXmlName(std::wstring_view name) {
-    const std::wstring_view ending = name.substr(name.size() - std::min(name.size(), XmlEnding.size()));
-    for (std::size_t i = 0; i < ending.size(); ++i) {
-        const wchar_t unit = ending[i];
-        if ((unit >= L'A' && unit <= L'Z' ? unit + (L'a' - L'A') : unit) != XmlEnding[i])
-            return false;
-    }
-    return ending.size() == XmlEnding.size();
+bool HasEnding(std::wstring_view name, std::wstring_view lowerCase) {
+    if (name.size() < lowerCase.size())
+        return false;
+    const auto isSame = [](wchar_t lower, wchar_t unit) {
+        return (unit >= L'A' && unit <= L'Z' ? unit + (L'a' - L'A') : unit) == lower;
+    };
+    return std::equal(lowerCase.begin(), lowerCase.end(), name.end() - lowerCase.size(), isSame);
+}
+
+/// A slip of the pen must not cost somebody a catalogue, a library or the companion itself.
+bool IsReportName(std::wstring_view name) {
+    return HasEnding(name, L".txt") || HasEnding(name, L".log");
 }
 
 class Reader {
@@ -59,11 +63,10 @@ private:
         m_catalogue.folders = Folders(Resolve(m_folder, root));
         m_catalogue.rootLine = attributes.LineOf("Root");
         const std::wstring report = attributes.Text("Report").value_or(std::wstring());
-        // A slip of the pen must not cost somebody a file of the catalogue.
-        if (IsXmlName(report))
-            m_file.Report(attributes.LineOf("Report"), "the Report would take the place of an XML file");
-        else if (!report.empty())
+        if (IsReportName(report))
             m_catalogue.report = Resolve(m_folder, report);
+        else if (!report.empty())
+            m_file.Report(attributes.LineOf("Report"), "the Report is named neither .txt nor .log");
     }
 
     void ReadFolder(pugi::xml_node element) {

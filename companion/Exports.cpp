@@ -34,7 +34,8 @@ void Load(const wchar_t* folder) {
     Faults faults;
     const std::wstring absolute = LibraryForm(std::filesystem::absolute(NativePath(folder)));
     const SystemDisk disk;
-    std::unique_ptr<Catalogue> catalogue = ReadCatalogue(disk, absolute, faults);
+    // No form of the library's for a folder's name: the catalogue isn't looked for anywhere else.
+    std::unique_ptr<Catalogue> catalogue = absolute.empty() ? nullptr : ReadCatalogue(disk, absolute, faults);
     if (catalogue != nullptr)
         CheckFiles(disk, *catalogue, faults);
     Publish(faults, catalogue == nullptr ? std::wstring() : catalogue->report);

@@ -4,18 +4,23 @@
 #include <optional>
 
 #include "QsUtils/backup/BackUpNames.h"
+#include "QsUtils/backup/BehindMark.h"
+#include "QsUtils/backup/FilePutBack.h"
 #include "QsUtils/backup/FolderReplacement.h"
 #include "QsUtils/backup/ProjectPlaces.h"
 #include "QsUtils/platform/AbandonedVersions.h"
 #include "QsUtils/platform/ExecutableFolder.h"
+#include "QsUtils/platform/FileFailure.h"
 #include "QsUtils/platform/Files.h"
-#include "QsUtils/platform/Folders.h"
 #include "QsUtils/platform/ProfileFile.h"
 #include "QsUtils/text/Files.h"
 #include "QsUtils/text/Numbers.h"
 
+using QsBackup::BehindMark;
+using QsBackup::FilePutBack;
 using QsBackup::FolderReplacement;
 using QsBackup::ProjectPlaces;
+using QsPlatform::FileFailure;
 
 namespace {
 
@@ -38,33 +43,27 @@ Versions ReadVersions(const ProjectPlaces& places) {
     return {read(QsBackup::RunVersion), read(QsBackup::BackUpVersion)};
 }
 
-void WriteVersion(const ProjectPlaces& places, const CString& key, const CString& version) {
-    QsPlatform::WriteProfileValue(places.versions, QsBackup::VersionSection, key, version);
+/// False when the versions couldn't be written, unless a file that somebody has marked as read-only, or a
+/// folder in its place, keeps them as they are.
+bool WriteVersions(const ProjectPlaces& places, const QsPlatform::ProfileValues& versions) {
+    FileFailure failure = FileFailure::None;
+    return QsPlatform::WriteProfileValues(places.versions, QsBackup::VersionSection, versions, &failure) ||
+           failure == FileFailure::ReadOnlyTarget || failure == FileFailure::NotAFile;
 }
 
-// A saved graphic folder that couldn't be renewed, for want of room, is behind what the version file says: it
-// may be older than the last save, or that of another project of the same name. A mark beside it tells so
-// from then on.
-
-CString MarkOfBehind(const ProjectPlaces& places) {
-    return places.savedGraphics + u".qsutils-behind";
-}
-
-bool IsBehind(const ProjectPlaces& places) {
-    return QsPlatform::IsFolder(MarkOfBehind(places));
-}
-
+/// Copies the drawings into the backup. The mark is there before: behind a copy that is killed, or has filled
+/// the disk, it could no longer be made.
 void RenewSavedGraphics(const ProjectPlaces& places) {
+    BehindMark(places).Set();
     if (FolderReplacement(places.savedGraphics).ReplaceByCopyOf(places.graphics))
-        QsPlatform::RemoveFolder(MarkOfBehind(places));
-    else
-        QsPlatform::CreateFolder(MarkOfBehind(places));
+        BehindMark(places).Remove();
 }
 
 /// Ends what calls that were killed have left.
 void Recover(const ProjectPlaces& places) {
     FolderReplacement(places.savedGraphics).Recover();
-    FolderReplacement(places.graphics).Recover();
+    FolderReplacement(places.graphics, places.folder).Recover();
+    FilePutBack(places.dataBase, places.folder).Recover();
     QsPlatform::RemoveAbandonedVersions(places.folder);
     const int separator = places.dataBase.ReverseFind(u'\\');
     QsPlatform::RemoveAbandonedVersions(separator < 0 ? CString(u".") : places.dataBase.Left(separator));
@@ -89,6 +88,7 @@ std::optional<ProjectPlaces> CQSBackUpUtility::Begin(const CString& strProjectFi
                          strProjectFile);
     QsText::CreateFolderAllPath(places.folder);
     Recover(places);
+    BehindMark(places).Settle();
     return places;
 }
 
@@ -106,22 +106,24 @@ void CQSBackUpUtility::InitBackUpInfo(const CString& strProjectFile) {
     const std::optional<ProjectPlaces> places = Begin(strProjectFile);
     if (!places)
         return;
+    BehindMark(*places).Set();  // while there is room: the database may take the last of it
     QsPlatform::CopyOneFile(places->dataBase, places->workingDataBase);
     RenewSavedGraphics(*places);
-    WriteVersion(*places, QsBackup::RunVersion, u"1");
-    WriteVersion(*places, QsBackup::BackUpVersion, u"1");
+    // Former versions, had they stayed, could become alike by the next change.
+    if (!WriteVersions(*places, {{QsBackup::RunVersion, u"1"}, {QsBackup::BackUpVersion, u"1"}}))
+        BehindMark(*places).Set();
 }
 
 void CQSBackUpUtility::OnBackUpSaveFile(const CString& strProjectFile) {
     const std::optional<ProjectPlaces> places = Begin(strProjectFile);
     if (!places)
         return;
-    QsPlatform::CopyOneFile(places->workingDataBase, places->dataBase);
+    FilePutBack(places->dataBase, places->folder).CopyFrom(places->workingDataBase);
     const Versions versions = ReadVersions(*places);
-    if (versions.Differ() || IsBehind(*places))
-        RenewSavedGraphics(*places);
-    if (versions.Differ())
-        WriteVersion(*places, QsBackup::BackUpVersion, versions.run);
+    if (!versions.Differ() && !BehindMark(*places).IsSet())
+        return;
+    RenewSavedGraphics(*places);  // which may bring back a version file that was the mark
+    WriteVersions(*places, {{QsBackup::BackUpVersion, ReadVersions(*places).run}});
 }
 
 void CQSBackUpUtility::UpdateGraphicFileVer(const CString& strProjectFile) {
@@ -132,7 +134,9 @@ void CQSBackUpUtility::UpdateGraphicFileVer(const CString& strProjectFile) {
     const auto number = static_cast<std::uint32_t>(QsText::ReadInt(ReadVersions(*places).run.View()));
     CString next;
     next.Format(u"%d", static_cast<std::int32_t>(number + 1));
-    WriteVersion(*places, QsBackup::RunVersion, next);
+    // A change that isn't counted must not keep the next save from renewing the saved drawings.
+    if (!WriteVersions(*places, {{QsBackup::RunVersion, next}}))
+        BehindMark(*places).Set();
 }
 
 void CQSBackUpUtility::OnNotSaveGraphicFile(const CString& strProjectFile) {
@@ -143,7 +147,9 @@ void CQSBackUpUtility::OnNotSaveGraphicFile(const CString& strProjectFile) {
     if (!versions.Differ())
         return;
     // The changes are the lesser evil beside a saved folder of who knows when.
-    if (!IsBehind(*places))
-        FolderReplacement(places->graphics).ReplaceByCopyOf(places->savedGraphics);
-    WriteVersion(*places, QsBackup::RunVersion, versions.backUp);
+    const BehindMark mark(*places);
+    if (!mark.IsSet() &&
+        !FolderReplacement(places->graphics, places->folder).ReplaceByCopyOf(places->savedGraphics))
+        mark.Set();  // changes that stay while the versions become alike
+    WriteVersions(*places, {{QsBackup::RunVersion, versions.backUp}});
 }

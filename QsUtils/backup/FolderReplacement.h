@@ -20,10 +20,13 @@ namespace QsBackup {
 class FolderReplacement {
 public:
     /// A path in the library's form, with or without a backslash at its end. A root, "." and ".." are never
-    /// replaced.
-    explicit FolderReplacement(const CString& folder);
+    /// replaced. With a folder `aside`, one whose own parent folder takes no new entry is emptied and filled
+    /// again: the new version stands aside until that is done, under the digest of the folder's path.
+    explicit FolderReplacement(const CString& folder, const CString& aside = CString());
 
-    /// Ends what a killed call has left: a complete new version is put in place, all else is removed.
+    /// Ends what a killed call has left: a complete new version is put in place, all else is removed. What
+    /// somebody has put meanwhile into a folder of that name joins the new version, unless something of the
+    /// same name is in it. While the name can't be had, all versions stay for a further call.
     void Recover();
 
     /// Replaces the folder by a copy of what is in `source`, or makes it; a `source` that isn't there gives
@@ -36,6 +39,12 @@ public:
     bool ReplaceByCopyOf(const CString& source);
 
 private:
+    void NameVersions(const CString& beginning);
+    FolderReplacement Aside() const;
+    enum class Attempt { Replaced, Failed, NoEntryBeside };
+
+    Attempt TryToReplace(const CString& source) const;
+    void RecoverVersions() const;
     bool Copy(const CString& source) const;
     bool PutInPlace() const;
     bool PutReadyInPlace() const;
@@ -44,6 +53,8 @@ private:
     void ClearOut() const;
 
     CString m_folder;  // empty when it can't be replaced
+    CString m_aside;   // empty when nothing may stand there
+    bool m_isAside = false;
     CString m_new;
     CString m_ready;
     CString m_old;

@@ -45,19 +45,26 @@ CExtraCostRead::~CExtraCostRead() {
 
 // --- Extra costs
 
-CString CExtraCostRead::FindLibraryFile(const CString& libraryFile, const CString& family) const {
-    const auto found = m_mapFilePath.find(libraryFile);
-    return found != m_mapFilePath.end() ? found->second
-                                        : LibraryManager::GetLibraryManager()->FindSubLibraryFile(
-                                              family, CString(), CString(), libraryFile);
+/// The file that goes with a library. A companion is asked for it that may ask this reader in turn, so
+/// nothing is locked meanwhile.
+CString CExtraCostRead::FindExtraCostFile(const CString& libraryFile, const CString& family) {
+    if (libraryFile.IsEmpty())
+        return CString();
+    {
+        const std::lock_guard lock(m_lock);
+        const auto found = m_mapFilePath.find(libraryFile);
+        if (found != m_mapFilePath.end())
+            return QsConfig::ExtraCostPath(found->second);
+    }
+    return QsConfig::ExtraCostPath(
+        LibraryManager::GetLibraryManager()->FindSubLibraryFile(family, CString(), CString(), libraryFile));
 }
 
-bool CExtraCostRead::TakeUpFile(const CString& libraryFile, const CString& family) {
-    if (libraryFile.IsEmpty())
-        return false;
-    const CString path = QsConfig::ExtraCostPath(FindLibraryFile(libraryFile, family));
+bool CExtraCostRead::InitOverHeight(const CString& libraryFile, const CString& family) {
+    const CString path = FindExtraCostFile(libraryFile, family);
     if (path.IsEmpty())
         return false;
+    const std::lock_guard lock(m_lock);
     // Taken up once, so that a second library that leads to the same file gets no entries of its own.
     if (std::find(m_listLoadedEcFile.begin(), m_listLoadedEcFile.end(), path) != m_listLoadedEcFile.end())
         return true;
@@ -72,45 +79,44 @@ bool CExtraCostRead::TakeUpFile(const CString& libraryFile, const CString& famil
 }
 
 template <typename T>
+const T* CExtraCostRead::FindKept(const std::map<CString, T>& kept, const CString& libraryFile) {
+    const std::lock_guard lock(m_lock);
+    const auto found = kept.find(libraryFile);
+    return found == kept.end() ? nullptr : &found->second;
+}
+
+template <typename T>
 const T* CExtraCostRead::FindOrRead(const std::map<CString, T>& kept, const CString& libraryFile,
                                     const CString& family) {
     // A library whose file was taken up by another one is asked for once more without a family; that can give
     // no other answer when it is repeated.
     for (const CString& each : {family, CString()}) {
-        const auto found = kept.find(libraryFile);
-        if (found != kept.end())
-            return &found->second;
-        if (!TakeUpFile(libraryFile, each))
+        if (const T* const found = FindKept(kept, libraryFile))
+            return found;
+        if (!InitOverHeight(libraryFile, each))
             return nullptr;
     }
-    const auto found = kept.find(libraryFile);
-    return found == kept.end() ? nullptr : &found->second;
-}
-
-bool CExtraCostRead::InitOverHeight(const CString& libraryFile, const CString& family) {
-    const std::lock_guard lock(m_lock);
-    return TakeUpFile(libraryFile, family);
+    return FindKept(kept, libraryFile);
 }
 
 const std::list<CString>* CExtraCostRead::GetOverHeightList(const CString& libraryFile,
                                                             const CString& family) {
-    const std::lock_guard lock(m_lock);
     return FindOrRead(m_mapOverHeight, libraryFile, family);
 }
 
 const std::map<CString, CString>* CExtraCostRead::GetExtraCostTypeList(const CString& libraryFile,
                                                                        const CString& family) {
-    const std::lock_guard lock(m_lock);
     return FindOrRead(m_mapExtraCostType, libraryFile, family);
 }
 
 eExtraCost_CoefficientType CExtraCostRead::GetExtraCostCalType(const CString& libraryFile,
                                                                const CString& typeName,
                                                                const CString& family) {
-    const std::lock_guard lock(m_lock);
     const std::map<CString, CString>* const types = FindOrRead(m_mapExtraCostType, libraryFile, family);
     if (types == nullptr)
         return eExtraCost_Unknown;
+    // The entries are filled anew when a search has found the library in another place.
+    const std::lock_guard lock(m_lock);
     const auto found = types->find(typeName);
     return found == types->end() ? eExtraCost_Unknown : QsConfig::CoefficientTypeOf(found->second);
 }

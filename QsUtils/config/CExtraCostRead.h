@@ -12,7 +12,8 @@
 #include "QsUtils/text/CString.h"
 
 /// Reads each file when a call first asks for it, and keeps what it read until it is destroyed. `IQsUtils1`
-/// documents the operations of the same names; any thread may call them. No file is asked for at its making.
+/// documents the operations of the same names; any thread may call them, and so may a companion while it is
+/// asked for a library on behalf of one of them. No file is asked for at its making.
 class CExtraCostRead {
 public:
     CExtraCostRead() = default;
@@ -41,8 +42,9 @@ public:
     void GetMarkList(const CString& folder, bool billMode, const CString& group, std::list<CString>& names);
 
 private:
-    bool TakeUpFile(const CString& libraryFile, const CString& family);
-    CString FindLibraryFile(const CString& libraryFile, const CString& family) const;
+    CString FindExtraCostFile(const CString& libraryFile, const CString& family);
+    template <typename T>
+    const T* FindKept(const std::map<CString, T>& kept, const CString& libraryFile);
     template <typename T>
     const T* FindOrRead(const std::map<CString, T>& kept, const CString& libraryFile, const CString& family);
     const QsConfig::MarkList* LoadedMarks(const CString& folder, bool billMode, const CString& group);

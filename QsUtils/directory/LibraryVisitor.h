@@ -5,9 +5,8 @@
 // The companion is loaded at run time from the folder that `DirectoryConfig.xml` gives under "LibVisitor". It
 // is built with the same family of compiler as this library, since texts cross the boundary as
 // `std::wstring`. Every pointer that it hands out stays its own and is good until it is unloaded. It is
-// called from whatever thread a host calls from, one call at a time and none before the library has read what
-// the last one handed out, so that one object may answer for all sections. It may call the library back. No
-// exception may leave it.
+// called from whatever thread a host calls from, one call at a time, so that one object may answer for all
+// sections. It may call the library back. No exception may leave it.
 #pragma once
 
 #include <cstdint>

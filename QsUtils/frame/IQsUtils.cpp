@@ -261,6 +261,8 @@ eYsType IQsUtils::StringToYsType(CString const& strType) {
 
 // --- Threads
 
+// The name is taken by value, as hosts bind to it.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 HANDLE IQsUtils::StartThread(QsThreadRoutine routine, void* parameter, CString name, std::uint32_t* id) {
     return QsTasks::StartThread(routine, parameter, name, id);
 }

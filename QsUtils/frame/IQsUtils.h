@@ -162,11 +162,11 @@ public:
     /// Whether an existing file can't be opened for reading and writing by one alone: somebody holds it, it
     /// is marked as read-only, or the right is missing. False for a file that doesn't exist.
     static bool IsFileOpen(const CString& path);
-    /// The name of a file without its folder and its extension: "C:.tar.gz" gives "b.tar".
+    /// The name of a file without its folder and its extension: "C:\a\b.tar.gz" gives "b.tar".
     static CString PickFileNameFromPath(const CString& path);
-    /// Takes ".." and the part before it out of a path: "C:\.." gives "C:". A path without "." comes back
-    /// as it is. Raises `std::out_of_range` for a path that has a part "." or a last part ".." with a part to
-    /// take out.
+    /// Takes ".." and the part before it out of a path: "C:\a\..\b" gives "C:\b". A path without "." comes
+    /// back as it is. Raises `std::out_of_range` for a path that has a part "." or a last part ".." with a
+    /// part to take out.
     static CString RemoveRelativeDirectoryFromPath(const CString& path);
     /// Looks for a file or a folder of the exact name `fileName` in `folder`, which ends in a backslash, and
     /// below it, depth first and in the order of names; `found` is its full path, or empty. With a `tail`,

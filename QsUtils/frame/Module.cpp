@@ -1,6 +1,7 @@
 // The module's static objects, its start and its end. All static objects with a destructor stand in this one
 // file, because only within a file does the language fix the order in which they are made and destroyed.
 #include "QsUtils/backup/BackUpNames.h"
+#include "QsUtils/backup/BehindMark.h"
 #include "QsUtils/directory/CCommonDirectory.h"
 #include "QsUtils/directory/CLibraryDirectory.h"
 #include "QsUtils/directory/CProjectDirectory.h"
@@ -44,7 +45,7 @@ CString IQsUtils::m_strSoftVersion;
 
 namespace {
 
-constinit QsFrame::ServiceHolder<QsFrame::CLogWriter> theLogWriter;
+constinit QsFrame::SharedServiceHolder<QsFrame::CLogWriter> theLogWriter;
 
 }  // namespace
 
@@ -56,6 +57,12 @@ const CString GraphicFolder = u"BackUpGraphicFile";
 const CString VersionSection = u"GraphicFileInfo";
 const CString RunVersion = u"RunVer";
 const CString BackUpVersion = u"BackUpVer";
+
+namespace {
+
+RememberedMarks theMarks;
+
+}  // namespace
 
 }  // namespace QsBackup
 
@@ -141,6 +148,14 @@ IExpressionAnalyse* GetExpressionAnalyser() {
 
 }  // namespace ExpressionAnalyse
 
+namespace QsBackup {
+
+RememberedMarks& Marks() {
+    return theMarks;
+}
+
+}  // namespace QsBackup
+
 namespace QsXml {
 
 ToolTable& Tools() {
@@ -166,7 +181,8 @@ QsUi::Toolkit& DialogToolkit() {
 void LogMessage(const CString& message) noexcept {
     try {
         const std::u16string_view text = message.View();
-        theLogWriter.Get().Write(QsPlatform::EncodeAnsi(text.substr(0, text.find(u'\0'))));
+        const std::string line = QsPlatform::EncodeAnsi(text.substr(0, text.find(u'\0')));
+        theLogWriter.With([&line](CLogWriter& writer) { writer.Write(line); });
     } catch (const std::exception&) {  // memory exhaustion: the line is lost
     }
 }

@@ -5,12 +5,14 @@
 
 #include "QsUtils/platform/Files.h"
 #include "QsUtils/platform/FolderEntries.h"
+#include "QsUtils/platform/FolderTrees.h"
 
 namespace QsPlatform {
 
 namespace {
 
 constexpr std::u16string_view Beginning = u".qsutils-";
+constexpr std::u16string_view End = u".tmp";
 
 /// Reads hexadecimal digits up to the next "-" and moves behind it.
 std::optional<std::uint32_t> ReadMark(std::u16string_view& text) {
@@ -37,14 +39,22 @@ bool IsAbandoned(std::u16string_view name) {
 
 }  // namespace
 
+bool IsVersionName(std::u16string_view name) noexcept {
+    return name.starts_with(Beginning) && name.ends_with(End);
+}
+
 void RemoveAbandonedVersions(const CString& folder) {
-    for (const FolderEntry& entry : FindEntries(folder + u"\\" + CString(Beginning) + u"*.tmp")) {
+    for (const FolderEntry& entry : FindEntries(folder + u"\\" + CString(Beginning) + u"*" + CString(End))) {
         // A mask without regard to case finds more than is ours.
-        if (!entry.name.View().starts_with(Beginning) || entry.isFolder || !IsAbandoned(entry.name.View()))
+        if (!IsVersionName(entry.name.View()) || !IsAbandoned(entry.name.View()))
             continue;
         const CString path = folder + u"\\" + entry.name;
-        MakeWritable(path);
-        RemoveFile(path);
+        if (entry.isFolder) {
+            RemoveFolderTree(path);
+        } else {
+            MakeWritable(path);
+            RemoveFile(path);
+        }
     }
 }
 

@@ -16,7 +16,7 @@ CopyCrew::~CopyCrew() {
 
 void CopyCrew::CopyFiles(FileCopier& copier, const CopyBatch& batch) {
     for (const CopiedFile& file : batch.files) {
-        if (m_endsWithoutRoom && !HasRoom())
+        if (m_isTargetUnseen && !HasRoom())
             return;
         if (copier.Copy(*batch.source, file, *batch.target, batch.isTargetUnseen) == CopyOutcome::NoRoom)
             m_hasRoom.store(false, std::memory_order_relaxed);
@@ -65,7 +65,7 @@ void CopyCrew::Finish() {
 
 void CopyCrew::Help() noexcept {
     try {
-        FileCopier copier;
+        FileCopier copier(!m_isTargetUnseen);
         std::unique_lock lock(m_mutex);
         for (;;) {
             m_change.wait(lock, [this] { return m_isOver || !m_waiting.empty(); });

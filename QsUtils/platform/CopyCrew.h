@@ -30,8 +30,9 @@ struct CopyBatch {
 /// object goes. For one thread at a time.
 class CopyCrew {
 public:
-    /// `endsWithoutRoom` leaves out what remains as soon as there is no room for a file.
-    explicit CopyCrew(bool endsWithoutRoom) : m_endsWithoutRoom(endsWithoutRoom) {}
+    /// When nobody sees the whole target yet, what remains is left out as soon as there is no room for a
+    /// file, and no copy is marked as read-only.
+    explicit CopyCrew(bool isTargetUnseen) : m_isTargetUnseen(isTargetUnseen), m_copier(!isTargetUnseen) {}
     CopyCrew(const CopyCrew&) = delete;
     CopyCrew& operator=(const CopyCrew&) = delete;
     ~CopyCrew();
@@ -52,7 +53,7 @@ private:
     bool CopyOneWaiting();
     void Help() noexcept;
 
-    bool m_endsWithoutRoom;
+    bool m_isTargetUnseen;
     std::atomic<bool> m_hasRoom{true};
     FileCopier m_copier;
     std::size_t m_files = 0;

@@ -22,8 +22,23 @@ bool MakeWritable(const CString& path);
 /// stays one.
 ///
 /// False, with `target` as it was, when the source is no plain file, when the target is a folder, is marked
-/// as read-only or is the source itself, and when the disk is full.
-bool CopyOneFile(const CString& source, const CString& target);
+/// as read-only or is the source itself, and when the disk is full. `lacksRoom`, if given, says whether that
+/// was the reason; a disk that fails counts as full, and so does want of memory or of open files.
+bool CopyOneFile(const CString& source, const CString& target, bool* lacksRoom = nullptr);
+
+/// Whether the path names a file that isn't marked as read-only and that the user may write.
+bool IsRewritable(const CString& path);
+
+enum class Rewriting {
+    NotBegun,    ///< the target is as it was
+    Unfinished,  ///< the target may hold part of either file
+    Done,
+};
+
+/// Writes a file over another one that `IsRewritable` and isn't the same, in place and flushed: for a folder
+/// in which no new version can be made. Marks and times go along as with `CopyOneFile`. Room for a larger
+/// file is looked for before, where the file system can.
+Rewriting RewriteFile(const CString& source, const CString& target);
 
 /// Whether anybody else, this process included, holds the file open; also true when it can't be opened for
 /// reading and writing for any other reason: it is marked as read-only, the user has no right, it isn't there

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "QsUtils/platform/AbandonedVersions.h"
 #include "QsUtils/platform/CopyCrew.h"
 #include "QsUtils/platform/FolderCopying.h"
 #include "QsUtils/platform/FolderCursor.h"
@@ -39,7 +40,7 @@ public:
     UnseenFolder& operator=(const UnseenFolder&) = delete;
     ~UnseenFolder() {
         try {
-            if (!RenameFolder(*m_parent, m_unseen, m_name))  // somebody else has taken the name
+            if (!RenameFolder(*m_parent, m_unseen, m_name))  // somebody else has taken it
                 RemoveFolderTree(m_targetPath + u'\\' + CString(DecodeName(m_unseen)));
         } catch (const std::exception&) {
             return;  // out of memory
@@ -215,6 +216,7 @@ private:
 }  // namespace
 
 bool CopyFolderContents(const CString& source, const CString& target) {
+    RemoveAbandonedVersions(target);
     return Copy(source, target, false).Run();
 }
 

@@ -35,7 +35,8 @@ struct CopiedFile {
 /// Copies files one after the other, through memory of its own.
 class FileCopier {
 public:
-    FileCopier();
+    /// Copies are marked as read-only where their sources are and stay so; or never.
+    explicit FileCopier(bool copiesMarks);
     FileCopier(const FileCopier&) = delete;
     FileCopier& operator=(const FileCopier&) = delete;
     ~FileCopier();
@@ -47,6 +48,7 @@ public:
                      bool isUnseen);
 
 private:
+    bool m_copiesMarks;
     std::unique_ptr<char[]> m_buffer;
 };
 

@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "QsUtils/platform/AbandonedVersions.h"
 #include "QsUtils/platform/EntryNames.h"
 #include "QsUtils/platform/FolderCursor.h"
 #include "QsUtils/platform/FolderTrees.h"
@@ -169,8 +170,11 @@ private:
         bool isHere = false;
         while (const TreeEntry* const entry = m_cursor->Next()) {
             isHere = isHere || (entry->name == m_question.nativeName && m_question.tail.IsMet(progress));
-            if (entry->kind != TreeEntry::Kind::File && m_cursor->LeadsToFolder(*entry))
-                level.subfolders.push_back({DecodeName(entry->name), NativeName(entry->name)});
+            if (entry->kind == TreeEntry::Kind::File || !m_cursor->LeadsToFolder(*entry))
+                continue;
+            std::u16string subfolder = DecodeName(entry->name);
+            if (!IsVersionName(subfolder))  // whose files needn't be whole
+                level.subfolders.push_back({std::move(subfolder), NativeName(entry->name)});
         }
         if (isHere)
             WeighFind(level);
@@ -209,6 +213,9 @@ class Helper {
 public:
     Helper(const Question& question, Share& share, std::size_t progress)
         : m_question(question), m_share(share), m_progress(progress) {}
+    Helper(const Helper&) = delete;
+    Helper& operator=(const Helper&) = delete;
+    ~Helper() { Stop(); }
 
     void Start() {
         if (!m_isTried && HasSecondProcessor())

@@ -23,8 +23,9 @@ bool RemoveFolderTree(const CString& path);
 /// False when something was left out because there was no room for it.
 bool CopyFolderContents(const CString& source, const CString& target);
 
-/// The same into an empty folder that nobody looks into yet: files are written straight to their names. Ends
-/// as soon as there is no room, and then gives false; what has been copied by then stays.
+/// The same into an empty folder that nobody looks into yet: files are written straight to their names, and
+/// none is marked as read-only, also where its source keeps the mark. Ends as soon as there is no room, and
+/// then gives false; what has been copied by then stays.
 bool CopyToUnseenFolder(const CString& source, const CString& target);
 
 inline constexpr int MostCopiesOfFolder = 16;

@@ -16,8 +16,9 @@ bool IsRootFolder(const CString& path);
 bool IsLink(const CString& path);
 
 /// Makes one folder, whose parent must exist; backslashes at the end are allowed. False when it can't, also
-/// when anything of that name exists.
-bool CreateFolder(const CString& path);
+/// when anything of that name exists; `lacksRoom`, if given, then says whether it was for want of room, as
+/// `CopyOneFile` means it.
+bool CreateFolder(const CString& path, bool* lacksRoom = nullptr);
 
 /// Removes an empty folder; backslashes at the end are allowed. A link to a folder is removed itself, and
 /// what it leads to stays.

@@ -37,7 +37,7 @@ using QsThreadRoutine = std::uint32_t (*)(void*);
 using HANDLE = void*;
 using DWORD = std::uint32_t;
 
-inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(~std::uintptr_t{0});
+inline void* const INVALID_HANDLE_VALUE = reinterpret_cast<void*>(~std::uintptr_t{0});
 inline constexpr DWORD INFINITE = 0xFFFFFFFF;
 inline constexpr DWORD WAIT_OBJECT_0 = 0;
 inline constexpr DWORD WAIT_TIMEOUT = 258;

@@ -60,22 +60,28 @@ CString ReadProfileValue(const CString& path, const CString& section, const CStr
     return ProfileDocument(path).Text(section, key, fallback, size);
 }
 
-bool WriteProfileValues(const CString& path, const CString& section, const ProfileValues& values) {
-    FileFailure failure = FileFailure::None;
-    const std::optional<std::string> before = ReadWholeFile(path, &failure);
-    if (!before && failure != FileFailure::MissingFile)
+bool WriteProfileValues(const CString& path, const CString& section, const ProfileValues& values,
+                        FileFailure* failure) {
+    const auto fail = [failure](FileFailure reason) {
+        if (failure != nullptr)
+            *failure = reason;
         return false;
+    };
+    FileFailure reading = FileFailure::None;
+    const std::optional<std::string> before = ReadWholeFile(path, &reading);
+    if (!before && reading != FileFailure::MissingFile)
+        return fail(reading);
     std::string after = before.value_or(std::string());
     for (const auto& [key, value] : values) {
         std::optional<std::string> changed = SetProfileValue(after, section.View(), key.View(), value.View());
         if (!changed)
-            return false;
+            return fail(FileFailure::Other);
         after = std::move(*changed);
     }
     if (before && after == *before)
         return true;
     FileReplacement file(path);
-    return file.Write(after.data(), after.size()) && file.Commit();
+    return (file.Write(after.data(), after.size()) && file.Commit()) || fail(file.Failure());
 }
 
 bool WriteProfileValue(const CString& path, const CString& section, const CString& key,

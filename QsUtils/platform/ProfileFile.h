@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "QsUtils/platform/FileFailure.h"
 #include "QsUtils/text/CString.h"
 
 namespace QsPlatform {
@@ -53,8 +54,10 @@ bool WriteProfileValue(const CString& path, const CString& section, const CStrin
 /// Keys and their values, in the order in which they are to be set.
 using ProfileValues = std::vector<std::pair<CString, CString>>;
 
-/// The same for several values of one section: the file is replaced once, with all of them or none.
-bool WriteProfileValues(const CString& path, const CString& section, const ProfileValues& values);
+/// The same for several values of one section: the file is replaced once, with all of them or none. When that
+/// can't be done, `failure`, if given, says why; refused names are `Other`.
+bool WriteProfileValues(const CString& path, const CString& section, const ProfileValues& values,
+                        FileFailure* failure = nullptr);
 
 /// What the file becomes, for `WriteProfileValue`: the bytes with the value set, which may be the same; none
 /// when the names are refused.

@@ -27,7 +27,7 @@ HANDLE MakeStoppedThread(QsThreadRoutine routine, void* parameter) noexcept;
 bool RunStoppedThread(HANDLE thread) noexcept;
 
 /// At the end of the module: threads that have ended are out of it when this returns, and nothing of the
-/// handles is left that hosts forgot to close. Threads that still run are left alone.
+/// handles is left that hosts forgot to close. Threads that still run are left alone, and handles with them.
 void EndHandles() noexcept;
 
 }  // namespace QsPlatform

@@ -55,7 +55,8 @@ CQSThreadManager::~CQSThreadManager() {
         const CSAutoLock lock(*m_pLock);
         m_pRecords->isEnding = true;
     }
-    CancelAllTask();
+    for (const CString& name : DropWaiting())
+        Cancel(name);
     std::list<QsTasks::SharedTaskThread> threads;
     {
         const CSAutoLock lock(*m_pLock);
@@ -85,6 +86,15 @@ void CQSThreadManager::SetParallelTaskCount(std::uint64_t count) {
 }
 
 void CQSThreadManager::CancelTask(const CString& name) {
+    Cancel(name);
+}
+
+void CQSThreadManager::CancelAllTask() {
+    for (const CString& name : DropWaiting())
+        CancelTask(name);
+}
+
+void CQSThreadManager::Cancel(const CString& name) {
     QsTasks::SharedTaskThread thread;
     {
         const CSAutoLock lock(*m_pLock);
@@ -108,19 +118,17 @@ void CQSThreadManager::CancelTask(const CString& name) {
     m_pRecords->threads.Drop(*thread);
 }
 
-void CQSThreadManager::CancelAllTask() {
+/// Deletes the waiting tasks, and names the active ones.
+std::vector<CString> CQSThreadManager::DropWaiting() {
+    const CSAutoLock lock(*m_pLock);
+    TaskList waiting;
+    waiting.swap(m_listWait);
+    m_pRecords->waiting.Clear();
+    DeleteTasks(waiting);
     std::vector<CString> names;
-    {
-        const CSAutoLock lock(*m_pLock);
-        TaskList waiting;
-        waiting.swap(m_listWait);
-        m_pRecords->waiting.Clear();
-        DeleteTasks(waiting);
-        for (const CThreadTask* task : m_listActive)
-            names.push_back(task->m_strTaskName);
-    }
-    for (const CString& name : names)
-        CancelTask(name);
+    for (const CThreadTask* task : m_listActive)
+        names.push_back(task->m_strTaskName);
+    return names;
 }
 
 void CQSThreadManager::AddTaskThreadMgrObserver(ITaskResultNotify* observer) {

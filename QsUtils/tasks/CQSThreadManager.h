@@ -16,7 +16,8 @@
 
 namespace QsTasks {
 struct TaskRecords;
-}
+struct TaskThread;
+}  // namespace QsTasks
 
 /// Runs named tasks, each on a thread that is made for it and ends with it, with at most a set number of them
 /// at a time; the others wait. A name is in use while its task waits or runs. A task that has ended stays in
@@ -50,19 +51,24 @@ public:
     void SetParallelTaskCount(std::uint64_t count);
     /// Deletes the task of that name. A waiting one goes at once, and nobody hears of it. A running one is
     /// waited for, however long it takes, and its end is notified and brings on the next as ever; called by
-    /// the task itself while it runs, that never returns. A name that isn't in use is ignored.
+    /// the task itself while it runs, that never returns. An observer may call it for any task whose
+    /// `ExecuteTask` has returned, which is deleted at once, and whose end is notified all the same. A name
+    /// that isn't in use is ignored.
     virtual void CancelTask(const CString& name);
     /// Deletes the waiting tasks, then cancels the active ones one by one.
     void CancelAllTask();
-    /// An observer that was added twice is told twice. One that is added during a notification is told of it
-    /// too; after `DelTaskThreadMgrObserver` has removed its only entry, an observer isn't called any more.
+    /// An observer that was added twice is told twice; null is kept and told nothing. One that is added
+    /// during a notification is told of it too, unless it is added by one that was the last and has removed
+    /// itself before. After `DelTaskThreadMgrObserver` has removed its only entry, an observer isn't called
+    /// any more.
     void AddTaskThreadMgrObserver(ITaskResultNotify* observer);
     void DelTaskThreadMgrObserver(ITaskResultNotify* observer);
 
 protected:
     /// What `StartTask` does: 1 when the task runs or waits, else 0.
     int StartTaskThread(CThreadTask* task);
-    /// Takes the next waiting task and starts it.
+    /// Takes the next waiting task and starts it; when there is no thread for it and no task runs whose end
+    /// would bring on another, the one behind it, and so on.
     void StartThreadFromWaitInfo();
     /// Takes the next waiting task out of the queue: 1 with `task`, which is the caller's then, or 0.
     int GetCurFirstWaitTaskInfo(CThreadTask*& task);
@@ -86,14 +92,19 @@ private:
     int ExitFromActiveQueue(const CString& name, int isDeleted);
     int ExitFromWaitQueue(const CString& name, int isDeleted);
     virtual int OnTaskComplete(const CString& name, int result);
-    static std::uint32_t TaskThreadFunc(void* task);
+    static std::uint32_t TaskThreadFunc(void* taskThread);
 
     static std::int32_t RunTask(CThreadTask& task, bool& isInitialised) noexcept;
-    void EndTask(CThreadTask* task, bool isInitialised, std::int32_t code) noexcept;
+    void EndTask(QsTasks::TaskThread& thread, bool isInitialised, std::int32_t code) noexcept;
     void NotifyObservers(const CString& name, int result) noexcept;
+    friend class CThreadTask;
+    bool IsCalledBack() const noexcept;
     bool IsQueued(const CThreadTask* task) const;
+    bool IsRunning(const CString& name) const;
     bool RunOnThread(CThreadTask* task) noexcept;
     void DeleteTasks(TaskList& tasks) noexcept;
+    std::vector<CString> DropWaiting();
+    void Cancel(const CString& name);
 
     CSLock* m_pLock;
     TaskList m_listActive;

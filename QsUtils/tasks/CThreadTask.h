@@ -29,8 +29,10 @@ public:
     /// Runs before the work, on the same thread. 0, like an exception, ends the task as failed, with no work
     /// done and no other task started; else it goes on.
     virtual std::int32_t InitTask();
-    /// The running thread; null before the start and once `ExecuteTask` has returned. The manager's: it stays
-    /// good until the task is deleted. Any thread may ask while the task exists.
+    /// The running thread; null before the start and at the end, which is when `ExecuteTask` has returned and
+    /// observers have been told of it. The manager's own calls needn't wait for that: an observer, or the
+    /// destructor of a task, finds null as soon as `ExecuteTask` has returned. The handle is the manager's:
+    /// it stays good until the task is deleted. Any thread may ask while the task exists.
     virtual HANDLE GetThread();
 
 protected:
@@ -43,6 +45,7 @@ private:
 
     HANDLE ThreadHandle() const noexcept;
     void SetThreadHandle(HANDLE thread) noexcept;
+    void MarkReturned() noexcept;
 
-    HANDLE m_hThread;
+    HANDLE m_hThread;  // marked from the return of `ExecuteTask` on, until the manager's lock is there
 };

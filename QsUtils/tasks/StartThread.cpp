@@ -19,7 +19,7 @@ HANDLE ReportStart(HANDLE thread, std::uint32_t threadId, std::uint32_t error, c
 
 HANDLE StartThread(QsThreadRoutine routine, void* parameter, const CString& name, std::uint32_t* id) {
     std::uint32_t threadId = 0;
-    const HANDLE thread = QsPlatform::StartRunningThread(routine, parameter, threadId);
+    HANDLE thread = QsPlatform::StartRunningThread(routine, parameter, threadId);
     return ReportStart(thread, threadId, QsPlatform::LastSystemError(), name, id);
 }
 

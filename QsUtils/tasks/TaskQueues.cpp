@@ -11,6 +11,9 @@
 using QsFrame::Log;
 
 void CQSThreadManager::DeleteTasks(TaskList& tasks) noexcept {
+    if (tasks.empty())
+        return;
+    const QsTasks::CallBack callBack(*m_pRecords);
     for (CThreadTask* const task : tasks) {
         m_pRecords->threads.LeaveTask(task);
         delete task;
@@ -25,7 +28,17 @@ bool CQSThreadManager::IsQueued(const CThreadTask* task) const {
            std::find(m_listActive.begin(), m_listActive.end(), task) != m_listActive.end();
 }
 
+bool CQSThreadManager::IsCalledBack() const noexcept {
+    return m_pRecords->calledBack == QsPlatform::CurrentThreadId();
+}
+
 // --- The active queue
+
+bool CQSThreadManager::IsRunning(const CString& name) const {
+    return std::any_of(m_listActive.begin(), m_listActive.end(), [&name](const CThreadTask* task) {
+        return task->ThreadHandle() != nullptr && task->m_strTaskName == name;
+    });
+}
 
 std::uint64_t CQSThreadManager::GetActiveTaskCount() {
     const CSAutoLock lock(*m_pLock);
@@ -73,8 +86,8 @@ int CQSThreadManager::EnterActiveQueue(CThreadTask* task) {
         if (!isRunning)
             finished.splice(finished.end(), m_listActive, here);
     }
-    DeleteTasks(finished);
-    if (isRunning || GetActiveTaskCount() >= m_nParallelTaskCount)
+    DeleteTasks(finished);  // which may have started one of that name
+    if (IsRunning(name) || GetActiveTaskCount() >= m_nParallelTaskCount)
         return 0;
     m_listActive.push_back(task);
     Log(u"[INFO]: push %s to active queue ok,current size:%d.\n", name, m_listActive.size());
@@ -117,15 +130,17 @@ int CQSThreadManager::EnterWaitQueue(CThreadTask* task) {
     if (place != m_listWait.end()) {
         Log(u"[Info]: Task(%s) is exist in wait queue.！", name);
         m_listWait.splice(m_listWait.end(), m_listWait, place);
-        if (*place != task)
+        if (*place != task) {
+            const QsTasks::CallBack callBack(*m_pRecords);
             delete task;
+        }
         return 0;
     }
     std::unique_ptr<CThreadTask> owned(task);
     TaskList entry(1, task);
     m_pRecords->waiting.Add(name, entry.begin());
     m_listWait.splice(m_listWait.end(), entry);
-    owned.release();
+    static_cast<void>(owned.release());
     Log(u"[INFO]: push task to wait queue ok,current size:%d.\n%s\n", m_listWait.size(), name);
     return 1;
 }

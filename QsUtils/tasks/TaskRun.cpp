@@ -21,13 +21,16 @@ int CQSThreadManager::StartTaskThread(CThreadTask* task) {
     std::unique_ptr<CThreadTask> owned(task);  // a refused task is deleted without the lock
     const CSAutoLock lock(*m_pLock);
     if (IsQueued(task)) {  // handed over twice: it is the manager's already
-        owned.release();
+        static_cast<void>(owned.release());
         return 0;
     }
     m_pRecords->threads.DropGone();
     const CString& name = task->m_strTaskName;
     m_mapResult.erase(name);
     if (m_pRecords->isEnding || BeInWaitQueue(name) != 0 || BeInActivQueue(name) != 0)
+        return 0;
+    // The destructors of the tasks that the walk has deleted may have started one of that name.
+    if (BeInWaitQueue(name) != 0 || IsRunning(name))
         return 0;
     task->m_pManager = this;
     task->SetThreadHandle(nullptr);
@@ -37,7 +40,7 @@ int CQSThreadManager::StartTaskThread(CThreadTask* task) {
         ExitFromActiveQueue(task, 0);
         return 0;
     }
-    owned.release();
+    static_cast<void>(owned.release());
     return 1;
 }
 
@@ -46,7 +49,7 @@ int CQSThreadManager::StartTaskThread(CThreadTask* task) {
 bool CQSThreadManager::RunOnThread(CThreadTask* task) noexcept {
     try {
         const QsTasks::SharedTaskThread thread = m_pRecords->threads.Add(task, task->m_strTaskName);
-        thread->handle = QsPlatform::MakeStoppedThread(TaskThreadFunc, task);
+        thread->handle = QsPlatform::MakeStoppedThread(TaskThreadFunc, thread.get());
         task->SetThreadHandle(thread->handle);
         if (thread->handle != nullptr && QsPlatform::RunStoppedThread(thread->handle))
             return true;
@@ -64,18 +67,22 @@ void CQSThreadManager::StartThreadFromWaitInfo() {
         Log(u"[INFO]: There is no task in wait queue.");
         return;
     }
-    std::unique_ptr<CThreadTask> owned(task);
-    const CString name = task->m_strTaskName;  // the task may be gone when it has been started
-    StartTaskThread(owned.release());
-    Log(u"[INFO]: Prepare to start task from wait queue.%s.", name);
+    int isIn = 0;
+    do {
+        std::unique_ptr<CThreadTask> owned(task);
+        const CString name = task->m_strTaskName;  // the task may be gone when it has been started
+        isIn = StartTaskThread(owned.release());
+        Log(u"[INFO]: Prepare to start task from wait queue.%s.", name);
+        // Without a thread for this one and without a task that runs, nobody would ever start the others.
+    } while (isIn == 0 && GetActiveTaskCount() == 0 && GetCurFirstWaitTaskInfo(task) != 0);
 }
 
 std::uint32_t CQSThreadManager::TaskThreadFunc(void* argument) {
-    auto* const task = static_cast<CThreadTask*>(argument);
-    CQSThreadManager* const manager = task->m_pManager;
+    auto& thread = *static_cast<QsTasks::TaskThread*>(argument);
+    CQSThreadManager* const manager = thread.task->m_pManager;
     bool isInitialised = false;
-    const std::int32_t code = RunTask(*task, isInitialised);
-    manager->EndTask(task, isInitialised, code);
+    const std::int32_t code = RunTask(*thread.task, isInitialised);
+    manager->EndTask(thread, isInitialised, code);
     return static_cast<std::uint32_t>(code);
 }
 
@@ -90,22 +97,26 @@ std::int32_t CQSThreadManager::RunTask(CThreadTask& task, bool& isInitialised) n
 }
 
 /// The end of a task in one step for all other threads: when they see it finished, observers have been told
-/// and the next one has been started. The task itself may be deleted on the way, by an observer for instance.
-void CQSThreadManager::EndTask(CThreadTask* task, bool isInitialised, std::int32_t code) noexcept {
-    const CSAutoLock lock(*m_pLock);
-    const QsTasks::SharedTaskThread thread = m_pRecords->threads.Find(task);
+/// and the next one has been started. Only an observer that is being told of another task's end sees it
+/// earlier: with it the lock is away, and so it may do with the task what may be done with a finished one.
+/// The task itself may be deleted on the way, by an observer for instance.
+void CQSThreadManager::EndTask(QsTasks::TaskThread& thread, bool isInitialised, std::int32_t code) noexcept {
     if (isInitialised)
-        task->SetThreadHandle(nullptr);
+        thread.task->MarkReturned();
+    const CSAutoLock lock(*m_pLock);
+    if (isInitialised && thread.task != nullptr)
+        thread.task->SetThreadHandle(nullptr);
     if (isInitialised && code == Unheard)
         return;
-    thread->isEnding = true;
+    thread.isEnding = true;
     try {
-        OnTaskComplete(thread->name, code);
+        const QsTasks::CallBack callBack(*m_pRecords);
+        OnTaskComplete(thread.name, code);
     } catch (...) {  // of a class derived from this one, or for want of memory
     }
     if (!isInitialised) {
-        if (thread->task != nullptr)
-            ExitFromActiveQueue(task, 1);
+        if (thread.task != nullptr)
+            ExitFromActiveQueue(thread.task, 1);
         return;
     }
     try {
@@ -127,11 +138,12 @@ void CQSThreadManager::NotifyObservers(const CString& name, int result) noexcept
     walk.isOn = true;
     for (walk.place = m_listObserver.begin(); walk.place != m_listObserver.end();) {
         walk.isMoved = false;
+        ITaskResultNotify* const observer = *walk.place;
         try {
-            if (result != 0)
-                (*walk.place)->OnTaskSuccess(name);
-            else
-                (*walk.place)->OnTaskFailed(name, CString());
+            if (observer != nullptr && result != 0)
+                observer->OnTaskSuccess(name);
+            else if (observer != nullptr)
+                observer->OnTaskFailed(name, CString());
         } catch (...) {  // one observer's trouble is not another's
         }
         if (!walk.isMoved)

@@ -10,15 +10,15 @@
 namespace QsTasks {
 
 /// One task's thread. Who waits for it shares it, so that the handle stays open for as long; it is closed
-/// with the last share. Fields are guarded by the manager's queue lock, but for the handle, which is written
-/// once before the thread runs.
+/// with the last share, and the manager has one until the thread is gone. Fields are guarded by the manager's
+/// queue lock, but for the handle, which is written once before the thread runs.
 struct TaskThread {
     TaskThread(CThreadTask* itsTask, const CString& taskName) : task(itsTask), name(taskName) {}
     TaskThread(const TaskThread&) = delete;
     TaskThread& operator=(const TaskThread&) = delete;
     ~TaskThread();
 
-    CThreadTask* task;  ///< null once it has been deleted
+    CThreadTask* task;  ///< null once it has been deleted; its own thread may read it while it works
     const CString name;
     HANDLE handle = nullptr;
     /// Whether the thread is telling of its task's end. It holds the queue lock meanwhile: whoever finds this

@@ -1,9 +1,13 @@
 // The backup of a project's working copy, one event at a time.
+#include <algorithm>
+#include <cstddef>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <optional>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -30,43 +34,83 @@ std::optional<CString> ProjectPath(const std::string& argument) {
     return FromNativePath(full);
 }
 
-/// The database stands beside the project file.
-bool HasDataBase(const CString& project) {
+/// It stands beside the project file.
+fs::path DataBaseOf(const CString& project) {
     const int point = project.ReverseFind(u'.');
+    return ToNativePath((point < 0 ? project : project.Left(point)) + u".mdb");
+}
+
+bool IsFile(const fs::path& path) {
     std::error_code ignored;
-    return fs::is_regular_file(ToNativePath((point < 0 ? project : project.Left(point)) + u".mdb"), ignored);
+    return fs::is_regular_file(path, ignored);
+}
+
+/// False also when one of them can't be read.
+bool HaveSameBytes(const fs::path& a, const fs::path& b) {
+    std::ifstream one(a, std::ios::binary);
+    std::ifstream other(b, std::ios::binary);
+    std::vector<char> bytes(std::size_t{1} << 16);
+    std::vector<char> otherBytes(bytes.size());
+    while (one && other) {
+        one.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        other.read(otherBytes.data(), static_cast<std::streamsize>(bytes.size()));
+        if (one.gcount() != other.gcount() ||
+            !std::equal(bytes.begin(), bytes.begin() + one.gcount(), otherBytes.begin()))
+            return false;
+    }
+    return one.eof() && other.eof() && !one.bad() && !other.bad();
+}
+
+std::string TextOf(const fs::path& path) {
+    const std::u8string text = path.u8string();
+    return std::string(text.begin(), text.end());
 }
 
 std::string NativeText(const CString& path) {
-    const std::u8string text = ToNativePath(path).u8string();
-    return std::string(text.begin(), text.end());
+    return TextOf(ToNativePath(path));
+}
+
+/// Tells which of the projects that share a backup is open: each event is a run of the program of its own.
+fs::path NoteOf(const CString& project) {
+    CString folder;
+    IQsUtils::GetCurBackUpPath(folder, project);
+    return ToNativePath(folder) / "estimate-project.txt";
 }
 
 using Event = int (*)(const CString& project, const Streams& streams);
 
 int Open(const CString& project, const Streams& streams) {
-    if (!HasDataBase(project)) {
+    if (!IsFile(DataBaseOf(project))) {
         Refuse(streams, "there is no database beside the project: " + NativeText(project));
         return CannotRun;
     }
     CString working;
-    IQsUtils::InitBackUpInfo(project);
     IQsUtils::GetCurBackUpDataBasePath(working, project);
     std::error_code ignored;
-    if (!fs::is_regular_file(ToNativePath(working), ignored)) {
+    fs::remove(NoteOf(project), ignored);
+    IQsUtils::InitBackUpInfo(project);
+    // The library tells nothing of a failure, and then leaves the working copy of a former run, which may be
+    // that of another project: a save would put it over this one's database.
+    if (!HaveSameBytes(DataBaseOf(project), ToNativePath(working))) {
         Refuse(streams, "the working copy could not be made: " + NativeText(working));
+        return CannotRun;
+    }
+    const std::string failure = WriteOutput(
+        TextOf(NoteOf(project)), [&project](std::ostream& note) { note << NativeText(project) << '\n'; });
+    if (!failure.empty()) {
+        Refuse(streams, failure);
         return CannotRun;
     }
     streams.out << NativeText(working) << '\n';
     return AllDone;
 }
 
-/// The other events need a project that is open.
+/// The other events need a project that is open, and not another one of its name.
 bool IsOpen(const CString& project, const Streams& streams) {
-    CString working;
-    IQsUtils::GetCurBackUpDataBasePath(working, project);
-    std::error_code ignored;
-    return fs::is_regular_file(ToNativePath(working), ignored) ||
+    std::ifstream note(NoteOf(project), std::ios::binary);
+    std::string opened;
+    std::getline(note, opened, '\0');
+    return opened == NativeText(project) + '\n' ||
            Refuse(streams, "the project is not open: " + NativeText(project));
 }
 

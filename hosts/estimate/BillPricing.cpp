@@ -2,6 +2,7 @@
 
 #include "BillBuilder.h"
 #include "BillReader.h"
+#include "ExtraCostTable.h"
 #include "Files.h"
 #include "Formula.h"
 #include "InputText.h"
@@ -23,6 +24,8 @@ public:
         if (!ReadTables())
             return CannotRun;
         m_report.features = m_options.features;
+        if (m_charges)
+            m_report.extraCosts = ChargeExtraCosts(m_report.bill, *m_charges, m_rates);
         Summarize(m_report);
         if (!Write())
             return CannotRun;
@@ -40,16 +43,41 @@ private:
         return m_report.problems.emplace_back(Problems{file, {}, 0});
     }
 
-    bool ReadTables() {
-        if (m_options.variables.empty())
-            return ReadProject();
-        const InputFile file = OpenOrRefuse(m_options.variables, m_streams);
+    bool ReadTables() { return ReadVariableTable() && FindCharges() && ReadRateTable() && ReadProject(); }
+
+    /// `read` takes the stream and notes problems; what it gives says why the table can't be read at all.
+    template <typename Read>
+    bool ReadOneTable(const std::string& path, const Read& read) {
+        if (path.empty())
+            return true;
+        const InputFile file = OpenOrRefuse(path, m_streams);
         if (file.stream == nullptr)
             return false;
         Problems& problems = NewProblems(file.name);
-        const std::string refusal = ReadVariables(*file.stream, m_variables, problems);
+        const std::string refusal = read(*file.stream, problems);
         Print(problems);
-        return refusal.empty() ? ReadProject() : Refuse(m_streams, file.name + ": " + refusal);
+        return refusal.empty() || Refuse(m_streams, file.name + ": " + refusal);
+    }
+
+    bool ReadVariableTable() {
+        return ReadOneTable(m_options.variables, [&](std::istream& in, Problems& problems) {
+            return ReadVariables(in, m_variables, problems);
+        });
+    }
+
+    bool FindCharges() {
+        if (!m_options.library)
+            return true;
+        m_charges = ChargesOf(*m_options.library, m_options.family);
+        // A total without them would be taken for one with them.
+        return m_charges || Refuse(m_streams, "no extra costs of " + *m_options.library + " in family " +
+                                                  m_options.family);
+    }
+
+    bool ReadRateTable() {
+        return ReadOneTable(m_options.rates, [&](std::istream& in, Problems& problems) {
+            return ReadExtraCostRates(in, *m_charges, m_rates, problems);
+        });
     }
 
     bool ReadProject() {
@@ -154,6 +182,8 @@ private:
     const PriceOptions& m_options;
     const Streams& m_streams;
     Variables m_variables;
+    std::optional<LibraryCharges> m_charges;
+    std::vector<ExtraCostRate> m_rates;
     Report m_report;
     bool m_bad = false;
 };

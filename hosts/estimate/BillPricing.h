@@ -1,6 +1,7 @@
 // One bill or project, from its file to its report.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "Commands.h"
@@ -14,6 +15,9 @@ struct PriceOptions {
     std::string output;
     std::string area;
     std::string name;
+    std::optional<std::string> library;  ///< whose extra costs are charged
+    std::string family;
+    std::string rates;  ///< the table of their rates; may be empty
     bool json = false;
     bool csv = false;
     bool mark = false;

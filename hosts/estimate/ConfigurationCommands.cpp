@@ -49,9 +49,8 @@ int ExtraCosts(const ExtraCostOptions& options, const Streams& streams) {
     for (const CString& height : *heights)
         streams.out << "over-height  " << ToUtf8(height) << '\n';
     for (const auto& [type, coefficient] : *types)
-        streams.out << "extra cost   " << Padded(ToUtf8(type), 24) << ' '
-                    << Padded(ToUtf8(coefficient), 10) << ' '
-                    << ChargedOn(IQsUtils1::GetExtraCostCalType(library, type, family)) << '\n';
+        streams.out << "extra cost   " << Padded(ToUtf8(type), 24) << ' ' << Padded(ToUtf8(coefficient), 10)
+                    << ' ' << ChargedOn(IQsUtils1::GetExtraCostCalType(library, type, family)) << '\n';
     return AllDone;
 }
 

@@ -40,13 +40,28 @@ void WriteSums(CsvWriter& csv, const Report& report) {
                    PriceText(each.price, false), FenText(each.fen), each.digest});
 }
 
+void WriteExtraCosts(CsvWriter& csv, const ExtraCosts& extraCosts) {
+    for (const ExtraCostGroup& group : extraCosts.groups) {
+        for (const ExtraCost& cost : group.costs)
+            csv.Write({"extra cost", cost.code, cost.name, KindText(group.kind), "%", "",
+                       cost.rate ? PriceText(*cost.rate, false) : "", FenText(cost.baseFen),
+                       cost.rate ? FenText(cost.fen) : "", KindName(group.kind)});
+        csv.Write({"extra costs", "", KindText(group.kind), "", "", "", "", "", FenText(group.fen),
+                   KindName(group.kind)});
+    }
+}
+
 void WriteTotals(CsvWriter& csv, const Report& report) {
     csv.Write({"total", "quota", "", "", "", "", "", "", FenText(report.quotaFen), ""});
     csv.Write({"total", "bill", "", "", "", "", "", "", FenText(report.bill.fen), ""});
+    if (report.extraCosts) {
+        csv.Write({"total", "extra costs", "", "", "", "", "", "", FenText(report.extraCosts->fen), ""});
+        csv.Write({"total", "with extra costs", "", "", "", "", "", "", FenText(TotalFen(report)), ""});
+    }
     if (report.area > 0)
         csv.Write({"total", "per m2", "", "", "", "", "", "",
-                   FenText(FenPerArea(report.bill.fen, report.area)), ""});
-    csv.Write({"capital", "", CapitalText(report.bill.fen), "", "", "", "", "", "", ""});
+                   FenText(FenPerArea(TotalFen(report), report.area)), ""});
+    csv.Write({"capital", "", CapitalText(TotalFen(report)), "", "", "", "", "", "", ""});
     for (const Problems& file : report.problems)
         for (const Problem& problem : file.found)
             csv.Write({"problem", "", "", "", "", "", "", "", "", ProblemText(file.file, problem)});
@@ -59,6 +74,8 @@ void WriteCsv(std::ostream& out, const Report& report) {
     csv.Write({"kind", "code", "name", "features", "unit", "formula", "quantity", "price", "amount", "note"});
     WriteItems(csv, report.bill);
     WriteSums(csv, report);
+    if (report.extraCosts)
+        WriteExtraCosts(csv, *report.extraCosts);
     WriteTotals(csv, report);
 }
 

@@ -84,6 +84,15 @@ std::optional<std::int64_t> PriceOf(std::int64_t fen, Decimal quantity) {
     return Within(price * PriceStepsInFen, PriceLimit);
 }
 
+std::int64_t ShareInFen(std::int64_t fen, std::int64_t rate) {
+    using Limits = std::numeric_limits<std::int64_t>;
+    const Wide share =
+        RoundedQuotient(static_cast<Wide>(fen) * rate, static_cast<Wide>(100) * PowersOfTen[PriceDecimals]);
+    if (share > Limits::max())
+        return Limits::max();
+    return share < Limits::min() ? Limits::min() : static_cast<std::int64_t>(share);
+}
+
 void AddTo(std::int64_t& sum, std::int64_t value) noexcept {
     using Limits = std::numeric_limits<std::int64_t>;
     if (__builtin_add_overflow(sum, value, &sum))

@@ -33,6 +33,10 @@ std::optional<std::int64_t> AmountInFen(Decimal quantity, std::int64_t price);
 /// thousand million yuan or more.
 std::optional<std::int64_t> PriceOf(std::int64_t fen, Decimal quantity);
 
+/// A percentage of an amount, rounded half away from zero to fen. `rate` is in percent, in steps of
+/// PriceDecimals. Stops at the largest numbers, as sums do.
+std::int64_t ShareInFen(std::int64_t fen, std::int64_t rate);
+
 /// Adds without overflow: a sum stops at the largest number.
 void AddTo(std::int64_t& sum, std::int64_t value) noexcept;
 

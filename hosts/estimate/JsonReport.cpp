@@ -81,14 +81,43 @@ Json ProblemJson(const std::string& file, const Problem& problem) {
     return json;
 }
 
+Json ExtraCostJson(const ExtraCost& cost) {
+    Json json = {{"name", cost.name}, {"code", cost.code}};
+    json["base"] = ToDouble({cost.baseFen, 2});
+    json["rate"] = cost.rate ? Json(ToDouble({*cost.rate, PriceDecimals})) : Json();
+    json["amount"] = cost.rate ? Json(ToDouble({cost.fen, 2})) : Json();
+    return json;
+}
+
+Json ExtraCostsJson(const ExtraCosts& extraCosts) {
+    Json types = Json::array();
+    for (const ExtraCostGroup& group : extraCosts.groups) {
+        Json costs = Json::array();
+        for (const ExtraCost& cost : group.costs)
+            costs.push_back(ExtraCostJson(cost));
+        types.push_back({{"type", KindName(group.kind)},
+                         {"coefficient", KindText(group.kind)},
+                         {"amount", ToDouble({group.fen, 2})},
+                         {"costs", std::move(costs)}});
+    }
+    return {{"library", extraCosts.library},
+            {"family", extraCosts.family},
+            {"types", std::move(types)},
+            {"amount", ToDouble({extraCosts.fen, 2})}};
+}
+
 Json TotalJson(const Report& report) {
     Json total = {{"items", report.bill.items.size()},
                   {"quotas", report.bill.quotas.size()},
                   {"quotaAmount", ToDouble({report.quotaFen, 2})},
-                  {"amount", ToDouble({report.bill.fen, 2})},
-                  {"capital", CapitalText(report.bill.fen)}};
+                  {"amount", ToDouble({report.bill.fen, 2})}};
+    if (report.extraCosts) {
+        total["extraCosts"] = ToDouble({report.extraCosts->fen, 2});
+        total["amountWithExtraCosts"] = ToDouble({TotalFen(report), 2});
+    }
+    total["capital"] = CapitalText(TotalFen(report));
     if (report.area > 0)
-        total["amountPerArea"] = ToDouble({FenPerArea(report.bill.fen, report.area), 2});
+        total["amountPerArea"] = ToDouble({FenPerArea(TotalFen(report), report.area), 2});
     return total;
 }
 
@@ -138,6 +167,10 @@ void WriteJson(std::ostream& out, const Report& report) {
         for (const Resource& resource : report.resources)
             resources.Add(ResourceJson(resource));
     }
+    if (report.extraCosts)
+        out << "  \"extraCosts\": "
+            << ExtraCostsJson(*report.extraCosts).dump(-1, ' ', false, Json::error_handler_t::replace)
+            << ",\n";
     {
         ArrayWriter problems(out, "problems");
         for (const Problems& file : report.problems)

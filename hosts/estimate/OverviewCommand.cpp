@@ -69,8 +69,8 @@ void WriteGroup(std::ostream& out, const Group& group, const std::list<Field*>& 
         if (isFirst)
             out << group.name << '\n';
         isFirst = false;
-        out << "  " << Padded(ToUtf8(field->strCode), 12) << ' ' << Padded(ToUtf8(field->strName), 24)
-            << ' ' << Remarks(*field) << '\n';
+        out << "  " << Padded(ToUtf8(field->strCode), 12) << ' ' << Padded(ToUtf8(field->strName), 24) << ' '
+            << Remarks(*field) << '\n';
     }
 }
 
@@ -117,12 +117,14 @@ int AddOffer(const Streams& streams, const CString& path, const std::string& nam
 int Overview(const OverviewOptions& options, const Streams& streams) {
     if (options.project.empty())
         return ShowOffer(streams);
-    const InputFile file = OpenOrRefuse(options.project, streams);
+    InputFile file = OpenOrRefuse(options.project, streams);
     const std::optional<std::wstring> path = LibraryPath(options.project);
     if (file.stream == nullptr)
         return CannotRun;
     if (!path || options.project == "-" || !IsMarkup(*file.stream))
         return Fail(streams, "no project in XML: " + options.project);
+    // A file that is open isn't replaced on every system.
+    file.stream.reset();
     if (options.add)
         return AddOffer(streams, *path, options.project);
     OwnFields own;

@@ -48,6 +48,17 @@ void AddPrice(CLI::App& app, const Streams& streams, int& status) {
     command->add_option("--area", options->area,
                         "The floor area in m2, a number or formula, for costs per m2");
     command->add_option("--name", options->name, "The project's name, for the report");
+    auto* extraCosts =
+        command->add_option("--extra-costs", options->library,
+                            "Charge what this library charges on top; the name of a library file of an item");
+    auto* family =
+        command->add_option("-f,--family", options->family, "The family of that library")->needs(extraCosts);
+    extraCosts->needs(family);
+    command
+        ->add_option(
+            "--rates", options->rates,
+            "The rates of the extra costs: CSV with name, rate in percent and, for some items only, code")
+        ->needs(extraCosts);
     command->add_option("-o,--output", options->output, "Write to this file instead of standard output");
     command->callback([arguments, &streams, &status] {
         PriceOptions& each = arguments->options;

@@ -36,13 +36,15 @@ struct Job {
             status = PriceBill(options, {in, out, err, false});
         } catch (const std::exception& error) {
             err << "estimate: " << error.what() << '\n';
+        } catch (...) {
+            err << "estimate: the bill can't be priced\n";
         }
         report = std::move(out).str();
         messages = std::move(err).str();
     }
 };
 
-/// Counts the tasks that are over.
+/// Counts the jobs that are over.
 class Countdown {
 public:
     explicit Countdown(std::size_t count) : m_left(count) {}
@@ -62,25 +64,35 @@ private:
     std::size_t m_left;
 };
 
-/// Tells the observer by its name that it is over; a task that got no thread tells nobody but its destructor.
+/// Counts its job once in any case: when its work is over, by whatever way, or when it is deleted without a
+/// thread, of which nobody hears but its destructor.
 class JobTask final : public CThreadTask {
 public:
     JobTask(CQSThreadManager& manager, const CString& name, Job& job, Countdown& countdown)
-        : CThreadTask(&manager, name, &job), m_countdown(countdown) {}
-    ~JobTask() override {
-        if (!m_hasRun)
-            m_countdown.Count();
-    }
+        : CThreadTask(&manager, name, &job), m_count(countdown) {}
 
     std::int32_t ExecuteTask(int, std::function<void()>) override {
-        m_hasRun = true;
+        const Count count(std::move(m_count));
         static_cast<Job*>(m_pParam)->Run();
         return 1;
     }
 
 private:
-    Countdown& m_countdown;
-    bool m_hasRun = false;
+    class Count {
+    public:
+        explicit Count(Countdown& countdown) : m_countdown(&countdown) {}
+        Count(Count&& other) noexcept : m_countdown(std::exchange(other.m_countdown, nullptr)) {}
+        Count& operator=(Count&&) = delete;
+        ~Count() {
+            if (m_countdown != nullptr)
+                m_countdown->Count();
+        }
+
+    private:
+        Countdown* m_countdown;
+    };
+
+    Count m_count;
 };
 
 class PriceJobs final : public ITaskResultNotify {
@@ -114,9 +126,8 @@ public:
         IQsUtils::ParseToInteger(name, index);
         m_done += m_jobs[static_cast<std::size_t>(index)].bytes;
         m_progress->Show(m_done);
-        m_countdown.Count();
     }
-    // What a job raises it keeps to itself.
+    // A job that raises something has no result, and the bar stays where it is.
     void OnTaskFailed(const CString&, const CString&) override {}
 
 private:
@@ -133,7 +144,7 @@ private:
             manager.StartTask(new JobTask(manager, name, m_jobs[i], m_countdown));
         }
         m_countdown.Await();
-    }
+    }  // the manager returns when the last ones have been told as well
 
     void WriteReports(std::ostream& out) const {
         const char* separator = m_options.json ? "[\n" : "";
@@ -171,7 +182,8 @@ private:
 
 /// Why several bills can't be priced so; empty when they can.
 std::string WhyNotSeveral(const PriceOptions& options, const std::vector<std::string>& bills) {
-    if (std::find(bills.begin(), bills.end(), "-") != bills.end() || options.variables == "-")
+    if (std::find(bills.begin(), bills.end(), "-") != bills.end() || options.variables == "-" ||
+        options.rates == "-")
         return "standard input is one file; it can't be read for several bills";
     if (options.csv)
         return "a CSV table holds one bill";

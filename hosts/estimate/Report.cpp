@@ -18,6 +18,13 @@ void Summarize(Report& report) {
         AddTo(report.quotaFen, item.quotaFen);
 }
 
+std::int64_t TotalFen(const Report& report) {
+    std::int64_t fen = report.bill.fen;
+    if (report.extraCosts)
+        AddTo(fen, report.extraCosts->fen);
+    return fen;
+}
+
 std::string CapitalText(std::int64_t fen) {
     return ToUtf8(IQsUtils::NumToRMBStr(ToDouble({fen, 2})));
 }

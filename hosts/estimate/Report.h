@@ -2,11 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
 
 #include "Bill.h"
+#include "ExtraCosts.h"
 #include "Problem.h"
 #include "Summary.h"
 
@@ -18,6 +20,7 @@ struct Report {
     std::vector<Chapter> chapters;
     std::vector<IndicatorSum> indicators;
     std::vector<Resource> resources;
+    std::optional<ExtraCosts> extraCosts;
     std::int64_t quotaFen = 0;       ///< the sum of the quota items' amounts
     double area = 0;                 ///< of the building's floors in m2, for costs per m2; 0 when not given
     bool features = false;           ///< whether the text shows the features of bill items
@@ -27,6 +30,8 @@ struct Report {
 /// Sums up a sorted bill.
 void Summarize(Report& report);
 
+/// The bill's sum with the extra costs, if there are any.
+std::int64_t TotalFen(const Report& report);
 /// The total in capitals.
 std::string CapitalText(std::int64_t fen);
 /// An amount per square metre of floor, in fen; 0 without an area.
@@ -40,8 +45,8 @@ void WriteText(std::ostream& out, const Report& report);
 /// One JSON object; amounts, prices and quantities are numbers.
 void WriteJson(std::ostream& out, const Report& report);
 /// One CSV table whose first column tells what a row is: bill, quota, chapter, section, indicator, resource,
-/// total, capital, problem; the last column holds a resource's digest and a problem's text. UTF-8, fields in
-/// quotes, lines end with CR LF.
+/// extra cost, extra costs, total, capital, problem; the last column holds a resource's digest and a
+/// problem's text. UTF-8, fields in quotes, lines end with CR LF.
 void WriteCsv(std::ostream& out, const Report& report);
 
 }  // namespace Estimate

@@ -173,6 +173,27 @@ void WriteResources(std::ostream& out, const Report& report) {
     visit([&](const ResourceTable::Cells& cells) { table.Write(out, cells); });
 }
 
+using ExtraCostTable = Table<6>;
+
+void WriteExtraCosts(std::ostream& out, const ExtraCosts& extraCosts) {
+    ExtraCostTable table({"系数", "增加费名称", "编码", "计算基础(元)", "费率(%)", "金额(元)"},
+                         {L, L, L, R, R, R});
+    const auto visit = [&](const auto& take) {
+        for (const ExtraCostGroup& group : extraCosts.groups) {
+            for (const ExtraCost& cost : group.costs)
+                take({std::string(KindText(group.kind)), Shortened(cost.name, NameWidth), cost.code,
+                      GroupedText({cost.baseFen, 2}), cost.rate ? PriceText(*cost.rate, true) : "",
+                      cost.rate ? GroupedText({cost.fen, 2}) : ""});
+            take({"", "小计", "", "", "", GroupedText({group.fen, 2})});
+        }
+        take({"", "合计", "", "", "", GroupedText({extraCosts.fen, 2})});
+    };
+    visit([&](const ExtraCostTable::Cells& cells) { table.Measure(cells); });
+    out << "\n增加费  " << Shortened(extraCosts.family + " " + extraCosts.library, TitleWidth) << "\n\n";
+    table.WriteHeadings(out);
+    visit([&](const ExtraCostTable::Cells& cells) { table.Write(out, cells); });
+}
+
 void WriteTotals(std::ostream& out, const Report& report) {
     std::size_t bad = 0;
     for (const Problems& problems : report.problems)
@@ -182,9 +203,13 @@ void WriteTotals(std::ostream& out, const Report& report) {
         out << "，未计价 " << bad << " 行";
     out << "\n定额合计  " << GroupedText({report.quotaFen, 2}) << " 元\n";
     out << "清单合计  " << GroupedText({report.bill.fen, 2}) << " 元\n";
+    if (report.extraCosts) {
+        out << "增加费    " << GroupedText({report.extraCosts->fen, 2}) << " 元\n";
+        out << "总价      " << GroupedText({TotalFen(report), 2}) << " 元\n";
+    }
     if (report.area > 0)
-        out << "单方造价  " << GroupedText({FenPerArea(report.bill.fen, report.area), 2}) << " 元/m2\n";
-    out << "大写金额  " << CapitalText(report.bill.fen) << '\n';
+        out << "单方造价  " << GroupedText({FenPerArea(TotalFen(report), report.area), 2}) << " 元/m2\n";
+    out << "大写金额  " << CapitalText(TotalFen(report)) << '\n';
 }
 
 }  // namespace
@@ -197,6 +222,8 @@ void WriteText(std::ostream& out, const Report& report) {
     WriteChapters(out, report);
     WriteIndicators(out, report);
     WriteResources(out, report);
+    if (report.extraCosts)
+        WriteExtraCosts(out, *report.extraCosts);
     WriteTotals(out, report);
 }
 

@@ -271,7 +271,7 @@ TEST(BackUpNames, TheStemEndsAtTheLastPointOfTheWholePath) {
     folder.Write("work" + name + ".mdb", "database");
     folder.Write("work" + name + "/a.dwg", "drawing");
     const BackedUpProject places(name);
-    IQsUtils::InitBackUpInfo(folder.Text("work" + name + ".d/" + name));
+    IQsUtils::InitBackUpInfo(FromNativePath(folder.File("work" + name + ".d") / name));
     EXPECT_EQ(BytesOf(places.WorkingDataBase()), "database");
     EXPECT_EQ(TreeAt(places.SavedGraphics()), (TreeOfFiles{{"a.dwg", "drawing"}}));
 }

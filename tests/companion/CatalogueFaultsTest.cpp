@@ -282,14 +282,15 @@ TEST(CatalogueFaults, TheRestWorks) {
     EXPECT_EQ(section.kinds[1].byName.at(L"d").entry.ItemTags, std::vector<std::wstring>{L"TJ"});
 }
 
-TEST(CatalogueFaults, TheReportReplacesNoXmlFile) {
-    for (const char* name : {"Catalogue.xml", "北京\\2012.XML", ".Xml"}) {
+TEST(CatalogueFaults, TheReportReplacesNothingButTexts) {
+    for (const char* name :
+         {"Catalogue.xml", "北京\\2012.XML", ".Xml", "LibraryConfigVisitor.so", "log", "txt."}) {
         EXPECT_EQ(FaultsOfMain(Main("", "\n Report=\""s + name + "\"")),
-                  "Catalogue.xml:2: the Report would take the place of an XML file\n");
+                  "Catalogue.xml:2: the Report is named neither .txt nor .log\n");
     }
     MemoryDisk disk = Whole();
-    disk.Add(L"LibVisitor\\Catalogue.xml", Main("", " Report=\"..\\Log/x.log\""));
-    EXPECT_EQ(ReadFrom(disk).catalogue->report, MemoryDisk::Path(L"Log\\x.log"));
+    disk.Add(L"LibVisitor\\Catalogue.xml", Main("", " Report=\"..\\Log/x.Log\""));
+    EXPECT_EQ(ReadFrom(disk).catalogue->report, MemoryDisk::Path(L"Log\\x.Log"));
 }
 
 TEST(CatalogueFaults, DepthAndLengthDontMatter) {

@@ -59,6 +59,27 @@ TEST_F(BackUpCommand, WhatIsNotThereIsRefused) {
         ExpectRefused(Run(event));
 }
 
+TEST_F(BackUpCommand, AWorkingCopyThatCouldNotBeMadeIsRefused) {
+    const ProgramResult opened = Run("open");
+    ASSERT_EQ(opened.status, 0) << opened.err;
+    const std::string line = opened.out.substr(0, opened.out.find_first_of("\r\n"));
+    const fs::path working = fs::path(std::u8string(line.begin(), line.end()));
+    m_folder.Write("other/办公楼.gcs", "another project of the name");
+    m_folder.Write("other/办公楼.mdb", "databas2");
+    fs::permissions(working, fs::perms::owner_write, fs::perm_options::remove);
+    ExpectRefused(Run("open", "other/办公楼.gcs"));
+    for (const char* event : {"save", "discard", "changed"})
+        for (const char* project : {"办公楼.gcs", "other/办公楼.gcs"})
+            ExpectRefused(Run(event, project));
+    EXPECT_EQ(m_folder.Read("other/办公楼.mdb"), "databas2");
+    fs::permissions(working, fs::perms::owner_write, fs::perm_options::add);
+    EXPECT_EQ(Run("open", "other/办公楼.gcs").status, 0);
+    ExpectRefused(Run("save"));
+    EXPECT_EQ(Run("save", "other/办公楼.gcs").status, 0);
+    EXPECT_EQ(m_folder.Read("other/办公楼.mdb"), "databas2");
+    EXPECT_EQ(m_folder.Read("办公楼.mdb"), "database");
+}
+
 TEST_F(BackUpCommand, WrongUsageCannotRun) {
     EXPECT_EQ(m_installation.Run({"backup"}).status, 2);
     EXPECT_EQ(m_installation.Run({"backup", "open"}).status, 2);

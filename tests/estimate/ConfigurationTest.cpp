@@ -1,6 +1,8 @@
 // The commands about overviews, extra costs, marks and the history, in an installation.
 #include <filesystem>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -93,6 +95,24 @@ TEST_F(Configured, MarksOfAKindOfItem) {
     EXPECT_EQ(Run({"marks", "taxes"}).out, "GF           规费\nSJ           税金\n");
     EXPECT_EQ(Run({"marks", "taxes", "--quota"}).out, "D            定额\n");
     EXPECT_EQ(Run({"marks", "FeeTax"}).status, 2);
+}
+
+TEST_F(Configured, TheMarksOfTheSample) {
+    m_installation.Write("Config/MarkConfig.xml",
+                         ReadWhole(std::string(ESTIMATE_SAMPLES) + "/installation/Config/MarkConfig.xml"));
+    const std::vector<std::pair<std::string, std::string>> marks = {
+        {"measures", "AQWM         安全文明施工费\nYJSG         夜间施工费\n"},
+        {"taxes", "SHBX         社会保险费\nSJ           税金\nZFGJJ        住房公积金\n"},
+        {"fees", "CSXM         措施项目费\nFBFX         分部分项工程费\nGCZJ         工程造价\n"},
+        {"other", "ZLJE         暂列金额\nZYGCZGJ      专业工程暂估价\n"},
+        {"provisional", "ZGJ          暂估价\n"}};
+    for (const auto& [group, listed] : marks) {
+        const ProgramResult result = Run({"marks", group});
+        EXPECT_EQ(result.status, 0) << result.err;
+        EXPECT_EQ(result.out, listed);
+        EXPECT_EQ(Run({"marks", group, "--quota"}).out, listed);
+        EXPECT_EQ(Run({"marks", group, "--folder", "no such folder"}).out, listed);
+    }
 }
 
 TEST_F(Configured, TheHistoryOfAnInputField) {

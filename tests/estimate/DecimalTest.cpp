@@ -136,3 +136,16 @@ TEST(Decimal, ReadsNumbersOfTables) {
                              "1,,234", "1,23a", "1,234,", "-", "5.", ".5", "1 2"})
         EXPECT_EQ(Number(text), "none") << text;
 }
+
+TEST(Decimal, AShareIsRoundedToFen) {
+    EXPECT_EQ(ShareInFen(10'010, 1'505'000), 151);
+    EXPECT_EQ(ShareInFen(100, 500'000), 1) << "half a fen";
+    EXPECT_EQ(ShareInFen(-100, 500'000), -1);
+    EXPECT_EQ(ShareInFen(99, 500'000), 0);
+    EXPECT_EQ(ShareInFen(12'345, 100'000'000), 12'345);
+    EXPECT_EQ(ShareInFen(0, 1), 0);
+    using Limits = std::numeric_limits<std::int64_t>;
+    EXPECT_EQ(ShareInFen(Limits::max(), 100'000'000), Limits::max());
+    EXPECT_EQ(ShareInFen(Limits::max(), 1'000'000'000), Limits::max());
+    EXPECT_EQ(ShareInFen(Limits::min(), 1'000'000'000), Limits::min());
+}

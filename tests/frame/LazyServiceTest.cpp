@@ -104,6 +104,68 @@ TEST_F(LazyServiceTest, ThreadsThatRaceGetOneObject) {
     }
 }
 
+TEST_F(LazyServiceTest, ASharedHolderEndsItsObjectWithItself) {
+    {
+        QsFrame::SharedServiceHolder<Counted> unused;
+        QsFrame::SharedServiceHolder<Counted> used;
+        Counted* first = nullptr;
+        used.With([&](Counted& object) { first = &object; });
+        used.With([&](Counted& object) { EXPECT_EQ(&object, first); });
+        EXPECT_EQ(gone, 0);
+    }
+    EXPECT_EQ(made, 1);
+    EXPECT_EQ(gone, 1);
+}
+
+/// A holder without the storage of an automatic one, as static objects are there when they have ended.
+struct EndedHolder {
+    union {
+        QsFrame::SharedServiceHolder<Counted> holder;
+    };
+    EndedHolder() : holder() {}
+    ~EndedHolder() {}
+    void End() { holder.~SharedServiceHolder(); }
+};
+
+TEST_F(LazyServiceTest, WhoUsesASharedObjectKeepsItBeyondTheEnd) {
+    EndedHolder ended;
+    ended.holder.With([&](Counted&) {
+        ended.holder.With([&](Counted&) { ended.End(); });
+        EXPECT_EQ(gone, 0);
+        ended.holder.With([](Counted&) { ADD_FAILURE() << "it has ended"; });
+        EXPECT_EQ(gone, 0);
+    });
+    EXPECT_EQ(gone, 1);
+    ended.holder.With([](Counted&) { ADD_FAILURE() << "it has ended"; });
+    EXPECT_EQ(made, 1);
+    EXPECT_EQ(gone, 1);
+}
+
+TEST_F(LazyServiceTest, ThreadsMayUseASharedObjectAsItEnds) {
+    for (int round = 1; round <= 200; ++round) {
+        EndedHolder ended;
+        std::barrier together(4);
+        std::atomic<int> uses{0};
+        std::vector<std::thread> threads;
+        for (int i = 0; i < 3; ++i)
+            threads.emplace_back([&] {
+                together.arrive_and_wait();
+                for (int use = 0; use < 100; ++use)
+                    ended.holder.With([&](Counted&) {
+                        EXPECT_EQ(made - gone, 1);
+                        ++uses;
+                    });
+            });
+        together.arrive_and_wait();
+        while (uses < round % 100)
+            std::this_thread::yield();
+        ended.End();
+        for (std::thread& thread : threads)
+            thread.join();
+        EXPECT_EQ(made, gone);
+    }
+}
+
 struct Failing {
     Failing() {
         if (++made == 1)

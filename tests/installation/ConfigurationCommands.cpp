@@ -9,6 +9,7 @@
 //   fields                    the codes and numbers of the offered fields, joined by "|"
 //   fields-of FILE            those of a project's file beside the program
 //   add-fields FILE CODE      writes one field to a project's file beside the program: whether that was done
+//   error-of FILE             why a file beside the program can't be loaded, as the XML tool tells it
 //   remember SECTION VALUE    writes a value into the history; no answer
 //   history SECTION           the history of an input field, joined by "|"
 //   marks FOLDER MODE GROUP   the names of marks, joined by "|"; MODE is "bill" or "quota"
@@ -111,6 +112,12 @@ void AddFields(Arguments& arguments) {
     Answer(IQsUtils1::CreateProjOverViewInfo(file, {&field}));
 }
 
+void ErrorOf(Arguments& arguments) {
+    NS_XMLACCESS::IXmlAccessTool& tool = *GetXmlAccessTool();
+    tool.LoadXmlFile(Beside(arguments.Next()).ToWide());
+    Answer(CString(tool.GetLastErrorText()));
+}
+
 void Remember(Arguments& arguments) {
     const CString section = arguments.Next();
     IQsUtils1::WriteHistory(section, arguments.Next());
@@ -152,6 +159,7 @@ constexpr Command Commands[] = {
     {u"fields", OfferedFields},
     {u"fields-of", ProjectFields},
     {u"add-fields", AddFields},
+    {u"error-of", ErrorOf},
     {u"remember", Remember},
     {u"history", History},
     {u"marks", Marks},

@@ -7,6 +7,7 @@
 
 #include "QsUtils/platform/CodePage.h"
 #include "QsUtils/platform/NativePath.h"
+#include "QsUtils/platform/Utf8.h"
 
 #include "tests/installation/ProbedInstallation.h"
 
@@ -24,13 +25,13 @@ constexpr const char* CostFile =
 /// A companion and a family F with the section S and the item I, whose folder is `lib/13`.
 class CostLibraries : public ProbedInstallation {
 public:
-    CostLibraries() {
+    explicit CostLibraries(const char* companion = "Nothing") {
         Write("DirectoryConfig.xml",
               "<r><ProjectDirectory><DirectoryItem Code=\"LibVisitor\" RelativePath=\"Visitor\"/>"
               "</ProjectDirectory></r>");
         std::filesystem::create_directories(Folder() / "Visitor");
         std::filesystem::copy_file(
-            std::filesystem::path(INSTALLATION_COMPANIONS) / "Nothing" / INSTALLATION_COMPANION,
+            std::filesystem::path(INSTALLATION_COMPANIONS) / companion / INSTALLATION_COMPANION,
             Folder() / "Visitor" / INSTALLATION_COMPANION);
         std::filesystem::create_directories(Folder() / "lib/1/S");
         std::filesystem::create_directories(Folder() / "lib/7/I");
@@ -74,6 +75,21 @@ TEST(ExtraCosts, ALaterQuestionAsksNobody) {
     std::erase(twice, u"2");
     std::erase(twice, u"20m|30m");
     EXPECT_EQ(twice, once);
+}
+
+TEST(ExtraCosts, ACompanionMayAskTheReaderWhileItIsAsked) {
+    const CostLibraries libraries("AsksBack");
+    libraries.Write("lib/13/k.mdb", "");
+    libraries.Write("lib/13/k.ec", CostFile);
+    for (const Texts& question :
+         {Texts{u"options", u"k.mdb", u"F"}, Texts{u"types", u"k.mdb", u"F"},
+          Texts{u"take-up", u"k.mdb", u"F"}, Texts{u"kind", u"k.mdb", u"xiu", u"F"}}) {
+        const Answers answers = libraries.AskAll(question);
+        EXPECT_NE(std::find(answers.begin(), answers.end(), u"> asked back: written [] 2"), answers.end());
+    }
+    EXPECT_EQ(libraries.AskIt(
+                  {u"options", u"k.mdb", u"F", u"kind", u"k.mdb", u"xiu", u"F", u"history", u"companion"}),
+              (Answers{u"20m|30m", u"2", u"written"}));
 }
 
 TEST(ExtraCosts, WhatIsMissingGivesNothing) {
@@ -202,6 +218,23 @@ TEST(Overview, WhyAProjectCantBeOpenedIsShown) {
     EXPECT_EQ(result.out.substr(0, 2), "no");
     EXPECT_NE(result.err.find("解析Xml文档失败:"), std::string::npos) << result.err;
     EXPECT_EQ(installation.Read("p.xml"), "<p>");
+}
+
+TEST(Overview, WhatIsShownIsWhatTheToolTells) {
+    const ProbedInstallation installation;
+    installation.Write("p.xml", "<p>");
+    installation.Write("q.xml", "<p a='1' a='2'/>");
+    for (const char16_t* file : {u"p.xml", u"q.xml", u"none.xml"}) {
+        const Answers told = installation.Ask({u"error-of", file});
+        ASSERT_EQ(told.size(), 1u);
+        ASSERT_NE(told[0], u"");
+        ProgramResult result = installation.Run({"add-fields", Escaped(file), "a"});
+        std::erase(result.err, '\r');
+        std::string shown = QsPlatform::EncodeUtf8(told[0]);
+        std::erase(shown, '\r');
+        EXPECT_NE(("\n" + result.err).find("\n" + shown + "\n"), std::string::npos)
+            << result.err << "instead of " << shown;
+    }
 }
 
 // --- The history

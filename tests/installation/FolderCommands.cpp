@@ -1,10 +1,14 @@
 // Commands about the folders of an installation:
 //   use FOLDER      names the installation; yes or no
 //   chdir FOLDER    changes the current folder; no answer
+//   set NAME=PATH   changes the environment; no answer
 //   exe, temp, current, documents    a folder of the system
 //   folder CODE     the folder of a code
 //   folders         those of all getters, one answer each
+#include <cstdlib>
+#include <deque>
 #include <filesystem>
+#include <string>
 
 #include "tests/installation/ProbeCommands.h"
 
@@ -34,6 +38,12 @@ constexpr CString (IProjectDirectory::*Getters[])() = {
     &IProjectDirectory::GetLogDirectory,
 };
 
+/// The environment keeps the text itself.
+void SetVariable(const CString& assignment) {
+    static std::deque<std::string> kept;
+    ::putenv(kept.emplace_back(ToNativePath(assignment).string()).data());
+}
+
 }  // namespace
 
 bool DoFolders(const CString& command, Arguments& arguments) {
@@ -41,6 +51,8 @@ bool DoFolders(const CString& command, Arguments& arguments) {
         Answer(DirectoryManager::UseInstallation(arguments.Next()));
     } else if (command == u"chdir") {
         std::filesystem::current_path(ToNativePath(arguments.Next()));
+    } else if (command == u"set") {
+        SetVariable(arguments.Next());
     } else if (command == u"exe") {
         Answer(DirectoryManager::GetCommonDirectoryManager()->GetExeDirectory());
     } else if (command == u"temp") {

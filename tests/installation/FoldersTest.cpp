@@ -62,6 +62,16 @@ TEST(CommonFolders, AnExecutableBelowALongPathHasNoFolder) {
               (Answers{u"", u"", u"Library\\组价库\\"}));
 }
 
+TEST(CommonFolders, TheTemporaryFolderIsAskedForOnce) {
+    const ProbedInstallation installation;
+    const std::u16string other(FromNativePath(installation.WorkFolder()).View());
+    const Answers answers =
+        installation.Ask({u"temp", u"set", u"TMP=" + other, u"set", u"TEMP=" + other, u"temp"});
+    ASSERT_EQ(answers.size(), 2U);
+    EXPECT_EQ(answers[0], answers[1]);
+    EXPECT_NE(installation.Ask({u"set", u"TMP=" + other, u"temp"}).at(0), answers[0]);
+}
+
 TEST(CommonFolders, TheCurrentFolderIsAskedForEachTime) {
     const ProbedInstallation installation;
     const std::u16string program(FromNativePath(installation.Folder()).View());

@@ -1,6 +1,8 @@
 // The log beside an executable, with all that the library writes to it.
 #include <filesystem>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -64,6 +66,53 @@ TEST(Log, ATrackerAndItsCopyReport) {
     host.Do({u"track", u"计价 %d"});
     const std::string line = Gbk(u"> [INFO]: 计价 %d costs ~ms.\r\n");
     EXPECT_TRUE(HasForm(host.Log(), line + line)) << host.Log();
+}
+
+/// The milliseconds that each line of a log of trackers tells.
+std::vector<std::uint32_t> Costs(const std::string& log) {
+    std::vector<std::uint32_t> costs;
+    constexpr std::string_view mark = " costs ";
+    for (std::size_t at = log.find(mark); at != std::string::npos; at = log.find(mark, at + 1))
+        costs.push_back(static_cast<std::uint32_t>(std::stoul(log.substr(at + mark.size()))));
+    return costs;
+}
+
+TEST(Log, ATrackerTellsHowLongItsWorkTook) {
+    const ProbedLog host;
+    host.MakeLogFolder();
+    host.Do({u"work", u"60", u"0", u"sleep"});
+    const std::vector<std::uint32_t> costs = Costs(host.Log());
+    ASSERT_EQ(costs.size(), 2u);
+    for (const std::uint32_t cost : costs) {
+        EXPECT_GE(cost, 59u) << "a copy keeps the start; a tick may have been cut off";
+        EXPECT_LT(cost, 60'000u);
+    }
+}
+
+TEST(Log, ATrackersWorkMayBeginBeforeTheTicksWrap) {
+    const ProbedLog host;
+    host.MakeLogFolder();
+    // 23 days, which few machines are up.
+    host.Do({u"work", u"0", u"2000000000", u"long"});
+    const std::vector<std::uint32_t> costs = Costs(host.Log());
+    ASSERT_EQ(costs.size(), 2u);
+    for (const std::uint32_t cost : costs) {
+        EXPECT_GE(cost, 2'000'000'000u);
+        EXPECT_LT(cost, 2'000'060'000u);
+    }
+}
+
+TEST(Log, ANameEndsAtItsFirstNulAndItsLineGoesOn) {
+    const ProbedLog host;
+    host.MakeLogFolder();
+    const std::u16string name(u"ab\0cd", 5);
+    std::string id = host.Do({u"thread", name});
+    id.pop_back();
+    EXPECT_EQ(host.Log(), "> [INFO]: Create 'ab' thread(" + id + ") success!\r\n");
+    host.Do({u"track", name});
+    const std::string line = "> [INFO]: ab costs ~ms.\r\n";
+    const std::string log = host.Log();
+    EXPECT_TRUE(HasForm(std::string_view(log).substr(log.find('\n') + 1), line + line)) << log;
 }
 
 TEST(Log, AnAssignedTrackerHasTheOthersName) {

@@ -1,5 +1,6 @@
 // A companion that writes every call to standard output as a line of the probe's answers, with ">" in front.
-// Built several times: each WITHOUT_... leaves an export away. Its environment says what it answers:
+// Built several times: each WITHOUT_... leaves an export away, and with ASKS_BACK it calls the library while
+// it is asked for a path. Its environment says what it answers:
 //   COMPANION_ROOT   the folder in front of all paths, in the library's form; without it all paths are empty
 //   COMPANION_NULL   its directory visitor is null
 #include <cstdio>
@@ -10,6 +11,10 @@
 #include "QsUtils/directory/LibraryVisitor.h"
 
 #include "tests/support/Escapes.h"
+
+#ifdef ASKS_BACK
+#include <QsUtils/QsUtils.h>
+#endif
 
 namespace {
 
@@ -36,12 +41,35 @@ std::wstring Environment(const char* name) {
     return std::wstring(text.begin(), text.end());
 }
 
+#ifdef ASKS_BACK
+/// Asks the one reader that may be waiting for this companion's answer, once for each call from outside.
+void AskBack() {
+    static bool isAsking = false;
+    if (isAsking)
+        return;
+    isAsking = true;
+    IQsUtils1::WriteHistory(u"companion", u"written");
+    std::list<CString> history;
+    IQsUtils1::GetHistory(u"companion", history);
+    IQsUtils1::SetExtraCostData(u"companion", nullptr);
+    CString path = u"untouched";
+    IQsUtils1::FindPath(path, u"no such folder\\", u"k.mdb", u"");
+    const std::list<CString>* const options = IQsUtils1::GetOverHeightList(u"k.mdb", u"F");
+    Record(L"asked back: " + (history.empty() ? std::wstring(L"none") : history.front().ToWide()) + L" " +
+           Fields({path.ToWide()}) + L" " + std::to_wstring(options == nullptr ? 0 : options->size()));
+    isAsking = false;
+}
+#else
+void AskBack() {}
+#endif
+
 struct DirectoryVisitor final : ILibraryDirectoryVisitor {
     void Reserved0() override { Record(L"Reserved0"); }
     void Reserved1() override { Record(L"Reserved1"); }
     std::wstring GetLibraryPath(const LibraryPathQuery& query) override {
         Record(L"GetLibraryPath " + std::to_wstring(query.PathKind) + L" " +
                Fields({query.Family, query.Section, query.Item, query.Reserved}));
+        AskBack();
         const std::wstring root = Environment("COMPANION_ROOT");
         return root.empty() ? root : root + std::to_wstring(query.PathKind) + L"\\";
     }

@@ -73,6 +73,7 @@ TEST(ModuleExports, NothingElseLeavesTheModule) {
                                                   "ExpressionAnalyse::IExpressionNode",
                                                   "IQsUtils",
                                                   "IQsUtils1",
+                                                  "ITaskResultNotify",
                                                   "LibraryManager::ILibraryManager",
                                                   "NS_XMLACCESS::IXmlAccessTool",
                                                   "QS_ProjectOverView::CProjectOverViewFactory",

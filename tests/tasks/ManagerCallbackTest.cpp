@@ -1,6 +1,7 @@
 // Calls into the task manager from its own observers and tasks.
 #include <algorithm>
 #include <atomic>
+#include <functional>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -165,6 +166,207 @@ TEST_F(ManagerCallback, AnObserverThatIsAddedIsToldToo) {
     m_manager.AddTaskThreadMgrObserver(&m_observer);
     m_manager.StartTask(Task(u"t"));
     EXPECT_EQ(m_told.Await(2), (Entries{u"first", u"+t"}));
+}
+
+/// Two tasks, of which the second one's work is over while the first one's end is being told: the second
+/// one's thread has to wait with all that belongs to its own end.
+class TwoEnds : public ManagerCallback {
+protected:
+    /// Calls `work` in the first one's notification.
+    void Run(const std::function<void()>& work) {
+        m_observer.onSuccess = [this, work](const CString& name) {
+            if (!(name == u"first"))
+                return;
+            m_secondMayEnd.Open();
+            while (m_second->GetThread() != nullptr)
+                std::this_thread::yield();
+            work();
+        };
+        m_manager.AddTaskThreadMgrObserver(&m_observer);
+        m_manager.AddTaskThreadMgrObserver(&m_journal);
+        m_second = new TestTask(
+            m_manager, u"second",
+            [this] {
+                m_secondMayEnd.Pass();
+                return 1;
+            },
+            &m_alive);
+        m_manager.StartTask(m_second);
+        m_manager.StartTask(new TestTask(
+            m_manager, u"first",
+            [this] {
+                m_firstMayEnd.Pass();
+                return 1;
+            },
+            &m_alive));
+    }
+
+    Gate m_firstMayEnd;
+    Gate m_secondMayEnd;
+    CThreadTask* m_second = nullptr;
+};
+
+TEST_F(TwoEnds, CancelOfAnotherFinishedTaskDeletesItAtOnce) {
+    std::atomic<int> aliveAfter{-1};
+    Run([&] {
+        m_manager.CancelTask(u"second");
+        aliveAfter = m_alive.load();
+    });
+    m_firstMayEnd.Open();
+    EXPECT_EQ(m_told.Await(2), (Entries{u"+first", u"+second"})) << "its end is told all the same";
+    EXPECT_EQ(aliveAfter, 1);
+}
+
+TEST_F(TwoEnds, ACancelledTaskThatHadFinishedStillBringsOnTheNext) {
+    m_manager.SetParallelTaskCount(2);
+    Run([&] { m_manager.CancelTask(u"second"); });
+    for (const char16_t* name : {u"a", u"b"})
+        m_manager.StartTask(new TestTask(m_manager, name, [] { return -1; }));
+    m_manager.StartTask(Task(u"c"));
+    m_firstMayEnd.Open();
+    // Neither of the two that are brought on brings on the third.
+    EXPECT_EQ(m_told.Await(2), (Entries{u"+first", u"+second"}));
+    m_manager.CancelTask(u"a");
+    m_manager.CancelTask(u"b");
+    CThreadTask* task = nullptr;
+    EXPECT_EQ(m_manager.GetCurFirstWaitTaskInfo(task), 1);
+    delete task;
+    EXPECT_EQ(m_manager.GetCurFirstWaitTaskInfo(task), 0);
+}
+
+TEST_F(TwoEnds, CancelAllFromACallbackReturnsWhenNoneIsRunning) {
+    std::atomic<int> aliveAfter{-1};
+    Run([&] {
+        m_manager.CancelAllTask();
+        aliveAfter = m_alive.load();
+    });
+    m_firstMayEnd.Open();
+    EXPECT_EQ(m_told.Await(2), (Entries{u"+first", u"+second"}));
+    EXPECT_EQ(aliveAfter, 0);
+}
+
+TEST_F(TwoEnds, TheNameOfAnotherFinishedTaskIsFree) {
+    Run([&] { m_manager.StartTask(Task(u"second")); });
+    m_firstMayEnd.Open();
+    EXPECT_EQ(m_told.Await(3), (Entries{u"+first", u"+second", u"+second"}));
+    EXPECT_EQ(m_ran.Read(), Entries{u"second"});
+}
+
+TEST_F(TwoEnds, NobodyElseSeesTheEndBeforeItIsTold) {
+    HANDLE elsewhere = nullptr;
+    HANDLE before = nullptr;
+    std::atomic<bool> isOver{false};
+    Run([&] {
+        std::thread([&] { elsewhere = m_second->GetThread(); }).join();
+        isOver = true;
+    });
+    before = m_second->GetThread();
+    m_firstMayEnd.Open();
+    while (m_second->GetThread() != nullptr)
+        std::this_thread::yield();
+    EXPECT_TRUE(isOver);
+    EXPECT_NE(before, nullptr);
+    EXPECT_EQ(elsewhere, before) << "the handle is as good as before";
+    EXPECT_EQ(m_told.Read(), (Entries{u"+first", u"+second"}));
+}
+
+TEST_F(TwoEnds, ACancelFromElsewhereWaitsUntilTheEndIsTold) {
+    std::atomic<bool> isBegun{false};
+    std::thread canceller;
+    Run([&] {
+        canceller = std::thread([&] {
+            isBegun = true;
+            m_manager.CancelTask(u"second");
+            EXPECT_EQ(m_told.Read(), (Entries{u"+first", u"+second"}));
+        });
+        while (!isBegun)
+            std::this_thread::yield();
+    });
+    m_firstMayEnd.Open();
+    m_told.Await(2);
+    canceller.join();
+}
+
+TEST_F(TwoEnds, ADestructorMayCancelAFinishedTaskToo) {
+    Run([] {});
+    TestTask* const quiet = Task(u"quiet", -1);
+    quiet->onEnd = [&] {  // with the manager's lock, on the thread that starts the next task
+        m_secondMayEnd.Open();
+        while (m_second->GetThread() != nullptr)
+            std::this_thread::yield();
+        m_manager.CancelTask(u"second");
+        EXPECT_EQ(m_alive, 3) << "the first one, the quiet one and the next";
+    };
+    m_manager.StartTask(quiet);
+    while (quiet->GetThread() != nullptr)
+        std::this_thread::yield();
+    m_manager.StartTask(Task(u"next", -1));
+    EXPECT_EQ(m_told.Await(1), Entries{u"+second"});
+    m_observer.onSuccess = [](const CString&) {};
+    m_firstMayEnd.Open();
+    m_told.Await(2);
+}
+
+TEST_F(ManagerCallback, ANullObserverIsPassedOver) {
+    m_manager.AddTaskThreadMgrObserver(nullptr);
+    m_manager.AddTaskThreadMgrObserver(&m_journal);
+    m_manager.AddTaskThreadMgrObserver(nullptr);
+    m_manager.StartTask(Task(u"good"));
+    m_told.Await(1);
+    m_manager.StartTask(Task(u"bad", 0));
+    EXPECT_EQ(m_told.Await(2), (Entries{u"+good", u"-bad"}));
+    m_manager.CancelAllTask();
+    m_manager.DelTaskThreadMgrObserver(nullptr);
+    m_manager.StartTask(Task(u"again"));
+    EXPECT_EQ(m_told.Await(3).back(), u"+again");
+}
+
+TEST_F(ManagerCallback, TheLastObserverMayReplaceItself) {
+    m_observer.onSuccess = [&](const CString&) {
+        m_told.Add(u"first");
+        m_manager.DelTaskThreadMgrObserver(&m_observer);
+        m_manager.AddTaskThreadMgrObserver(&m_journal);
+    };
+    m_manager.AddTaskThreadMgrObserver(&m_observer);
+    m_manager.StartTask(Task(u"t"));
+    m_manager.CancelTask(u"t");
+    EXPECT_EQ(m_told.Read(), Entries{u"first"}) << "the new one hears of the next task on";
+    m_manager.StartTask(Task(u"t"));
+    EXPECT_EQ(m_told.Await(2), (Entries{u"first", u"+t"}));
+}
+
+TEST_F(ManagerCallback, ADestructorMayTakeTheNameThatIsBeingStarted) {
+    Gate gate;
+    TestTask* const first = Task(u"first", -1);
+    first->onEnd = [&] {
+        m_manager.StartTask(new TestTask(m_manager, u"second", [&] {
+            gate.Pass();
+            m_ran.Add(u"of the destructor");
+            return 1;
+        }));
+    };
+    m_manager.StartTask(first);
+    while (first->GetThread() != nullptr)
+        std::this_thread::yield();
+    EXPECT_EQ(m_manager.StartTaskThread(Task(u"second")), 0);
+    EXPECT_EQ(m_alive, 0) << "the one that came second is deleted";
+    gate.Open();
+    m_manager.CancelTask(u"second");
+    EXPECT_EQ(m_ran.Read(), (Entries{u"first", u"of the destructor"}));
+}
+
+TEST_F(ManagerCallback, ADestructorMayLetTheNameThatIsBeingStartedWait) {
+    Gate gate;
+    TestTask* const first = Task(u"first", -1);
+    first->onEnd = [&] { m_manager.StartTask(Task(u"second")); };
+    m_manager.StartTask(first);
+    while (first->GetThread() != nullptr)
+        std::this_thread::yield();
+    m_manager.SetParallelTaskCount(0);
+    EXPECT_EQ(m_manager.StartTaskThread(Task(u"second")), 0);
+    EXPECT_EQ(m_alive, 1);
+    m_manager.CancelTask(u"second");
+    EXPECT_EQ(m_alive, 0);
 }
 
 TEST_F(ManagerCallback, ADestructorMayCallTheManager) {

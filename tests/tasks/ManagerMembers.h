@@ -3,6 +3,7 @@
 #pragma once
 
 #include <list>
+#include <map>
 #include <utility>
 
 #include "QsUtils/tasks/CQSThreadManager.h"
@@ -33,6 +34,17 @@ OPEN_MEMBER(ExitFromWaitQueue, int, ExitFromWaitQueue, const CString&, int)
 OPEN_MEMBER(OnTaskComplete, int, OnTaskComplete, const CString&, int)
 
 #undef OPEN_MEMBER
+
+struct Results {
+    using Member = std::map<CString, int> CQSThreadManager::*;
+    friend constexpr Member MemberOf(Results);
+};
+template struct Opened<Results, &CQSThreadManager::m_mapResult>;
+
+/// What each name's last task came to. Of a manager whose threads are idle.
+inline const std::map<CString, int>& ResultsOf(const CQSThreadManager& manager) {
+    return manager.*MemberOf(Results());
+}
 
 /// Calls the operation that `Tag` stands for.
 template <typename Tag, typename... Arguments>

@@ -112,13 +112,19 @@ private:
                 throw 1;
             return ending == Ending::Success ? 5 : ending == Ending::Unheard ? -1 : 0;
         });
-        if (ending == Ending::FailedInit || ending == Ending::ThrowInInit)
-            task->onInit = [ending, gate]() -> std::int32_t {
-                gate->Pass();
-                if (ending == Ending::ThrowInInit)
-                    throw 1;
-                return 0;
-            };
+        const bool isInitFailing = ending == Ending::FailedInit || ending == Ending::ThrowInInit;
+        task->onInit = [this, number, isInitFailing, ending, gate]() -> std::int32_t {
+            {
+                const std::lock_guard lock(m_lock);
+                m_started.push_back(number);
+            }
+            if (!isInitFailing)
+                return 1;
+            gate->Pass();
+            if (ending == Ending::ThrowInInit)
+                throw 1;
+            return 0;
+        };
         task->onEnd = [this, number] {
             const std::lock_guard lock(m_lock);
             m_deleted.push_back(number);
@@ -186,8 +192,7 @@ private:
         m_model.DeleteWaiting();
         const std::vector<PlainManager::Task> before = m_model.active;
         std::thread canceller([this] { m_manager.CancelAllTask(); });
-        while (!HasDeletedWaiting())
-            std::this_thread::yield();
+        AwaitDeletions();
         for (const PlainManager::Task& task : before) {
             if (task.isRunning) {
                 const std::size_t told = m_model.told.size();
@@ -198,13 +203,18 @@ private:
             }
             if (m_model.FindActive(task.name) != m_model.active.end())
                 m_model.Cancel(task.name);
+            AwaitDeletions();  // before another one ends, which may delete itself
         }
         canceller.join();
     }
 
-    bool HasDeletedWaiting() {
-        const std::lock_guard lock(m_lock);
-        return m_deleted.size() >= m_model.deleted.size();
+    void AwaitDeletions() {
+        const auto count = [this] {
+            const std::lock_guard lock(m_lock);
+            return m_deleted.size();
+        };
+        while (count() < m_model.deleted.size())
+            std::this_thread::yield();
     }
 
     void Compare() {
@@ -223,12 +233,27 @@ private:
             }
             ASSERT_EQ(Call<ManagerMembers::BeInWaitQueue>(m_manager, Text(name)), m_model.IsWaiting(name));
         }
+        CompareStarts();
         const std::lock_guard lock(m_lock);
-        std::vector<int> expected = m_model.deleted;
-        std::vector<int> deleted = m_deleted;
+        ASSERT_EQ(m_deleted, m_model.deleted) << "in this order";
+    }
+
+    /// Threads that are made one after the other may come to their first steps in another order.
+    void CompareStarts() {
+        std::vector<int> expected = m_model.started;
+        std::vector<int> started;
+        for (;;) {
+            {
+                const std::lock_guard lock(m_lock);
+                started = m_started;
+            }
+            if (started.size() >= expected.size())
+                break;
+            std::this_thread::yield();
+        }
         std::sort(expected.begin(), expected.end());
-        std::sort(deleted.begin(), deleted.end());
-        ASSERT_EQ(deleted, expected);
+        std::sort(started.begin(), started.end());
+        ASSERT_EQ(started, expected);
     }
 
     std::mt19937 m_random;
@@ -238,6 +263,7 @@ private:
     std::map<int, Ending> m_endings;
     std::mutex m_lock;
     std::vector<int> m_deleted;
+    std::vector<int> m_started;
     Journal m_told;
     JournalObserver m_observer{m_told};
     OpenManager m_manager;

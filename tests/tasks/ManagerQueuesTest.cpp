@@ -1,8 +1,10 @@
 // The operations of the task manager for derived classes, and its private ones.
 #include <atomic>
 #include <chrono>
+#include <map>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -178,6 +180,14 @@ TEST_P(ManagerQueues, EnteringReapsOnlyTheSameName) {
     EXPECT_EQ(Call<ManagerMembers::ExitFromActiveQueue>(m_manager, CString(u"c"), 0), 1);
 }
 
+TEST_P(ManagerQueues, AReapedTaskMayTakeTheNameThatEnters) {
+    auto* const first = static_cast<TestTask*>(Finished(u"a"));
+    first->onEnd = [this] { m_manager.StartTask(Task(u"a")); };
+    NamedTask second(m_manager, u"a");
+    EXPECT_EQ(m_manager.EnterActiveQueue(&second), 0);
+    EXPECT_EQ(m_ran.Await(1), Entries{u"a"});
+}
+
 TEST_P(ManagerQueues, FindingAnActiveNameReapsOnTheWay) {
     Finished(u"a");
     EXPECT_EQ(m_alive, 1);
@@ -262,6 +272,37 @@ TEST_P(ManagerQueues, ACompletionTellsTheObservers) {
     EXPECT_EQ(Call<ManagerMembers::OnTaskComplete>(m_manager, CString(u"x"), 7), 1);
     EXPECT_EQ(Call<ManagerMembers::OnTaskComplete>(m_manager, CString(u"y"), 0), 1);
     EXPECT_EQ(told.Read(), (Entries{u"+x", u"-y"}));
+}
+
+TEST_P(ManagerQueues, ResultsAreKeptByNameUntilTheNextStart) {
+    using Results = std::map<CString, int>;
+    for (const auto& [name, code] :
+         {std::pair(u"five", 5), {u"none", 0}, {u"minus two", -2}, {u"quiet", -1}}) {
+        m_manager.StartTask(new TestTask(m_manager, name, [code = code] { return code; }));
+        m_manager.CancelTask(name);
+    }
+    const Results all = {{u"five", 1}, {u"none", 0}, {u"minus two", 1}};
+    EXPECT_EQ(ManagerMembers::ResultsOf(m_manager), all);
+    m_manager.SetParallelTaskCount(0);
+    EXPECT_EQ(m_manager.StartTaskThread(Task(u"five")), 1);
+    EXPECT_EQ(ManagerMembers::ResultsOf(m_manager), (Results{{u"none", 0}, {u"minus two", 1}}));
+    Call<ManagerMembers::OnTaskComplete>(m_manager, CString(u"five"), 0);
+    EXPECT_EQ(ManagerMembers::ResultsOf(m_manager), (Results{{u"five", 0}, {u"none", 0}, {u"minus two", 1}}));
+    EXPECT_EQ(m_manager.StartTaskThread(Task(u"five")), 0);
+    EXPECT_EQ(ManagerMembers::ResultsOf(m_manager), (Results{{u"none", 0}, {u"minus two", 1}}))
+        << "also by a task that is refused";
+    m_manager.CancelTask(u"none");
+    EXPECT_EQ(ManagerMembers::ResultsOf(m_manager).size(), 2u) << "but not by a cancel";
+}
+
+TEST_P(ManagerQueues, AFailedInitHasAResultToo) {
+    auto* const task = Task(u"t");
+    task->onInit = [] { return 0; };
+    m_manager.StartTask(task);
+    while (m_alive > 0)
+        std::this_thread::yield();
+    m_manager.CancelAllTask();
+    EXPECT_EQ(ManagerMembers::ResultsOf(m_manager), (std::map<CString, int>{{u"t", 0}}));
 }
 
 TEST_P(ManagerQueues, TwentyThousandMayWait) {

@@ -113,6 +113,38 @@ TEST_P(ManagerStress, AllTasksOfAQueueRunOnce) {
     EXPECT_EQ(ran, TaskCount);
 }
 
+TEST_P(ManagerStress, ObserversMayCancelWhateverHasFinished) {
+    Fates fates;
+    OpenManager manager(false);
+    CallingObserver canceller;
+    std::mt19937 random(5);  // observers are called one at a time
+    std::atomic<std::uint32_t> told{0};
+    std::atomic<int> cancelled{0};
+    canceller.onSuccess = [&](const CString&) {
+        for (std::uint32_t i = 0; i < 4; ++i) {  // first come, first served: these are at hand
+            const CString name = NameOf(told + static_cast<std::uint32_t>(random() % 12));
+            CThreadTask* task = nullptr;
+            if (manager.GetActivedTaskReference(name, task) == 1 && task->GetThread() == nullptr) {
+                manager.CancelTask(name);
+                ++cancelled;
+            }
+        }
+        ++told;
+    };
+    manager.SetParallelTaskCount(static_cast<std::uint64_t>(GetParam()));
+    manager.AddTaskThreadMgrObserver(&canceller);
+    const auto all = static_cast<std::uint32_t>(TaskCount / 4);
+    for (std::uint32_t i = 0; i < all; ++i)
+        manager.StartTask(new TestTask(
+            manager, NameOf(i), [&fates] { return ++fates.ran; }, &fates.alive));
+    while (told < all)
+        std::this_thread::yield();
+    manager.CancelAllTask();
+    EXPECT_EQ(fates.ran, static_cast<int>(all));
+    EXPECT_EQ(fates.alive, 0);
+    EXPECT_GT(cancelled, 0);
+}
+
 TEST(ManagerEnd, ManagersMayEndWhileTheirTasksDo) {
     std::atomic<int> alive{0};
     CountingObserver observer;

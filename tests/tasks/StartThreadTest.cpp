@@ -1,11 +1,18 @@
 // Threads that hosts start.
 #include <atomic>
+#include <filesystem>
+#include <string>
 
 #include <gtest/gtest.h>
 
 #include "QsUtils/frame/IQsUtils.h"
+#include "QsUtils/platform/NativePath.h"
+#include "QsUtils/platform/Process.h"
 #include "QsUtils/platform/Threads.h"
 #include "QsUtils/tasks/StartThread.h"
+
+#include "tests/support/Installation.h"
+#include "tests/support/TextForm.h"
 
 namespace {
 
@@ -47,6 +54,19 @@ TEST(StartThread, OnlyTheOtherValueCountsAsAFailure) {
     int place = 0;
     EXPECT_EQ(QsTasks::ReportStart(&place, 9, 0, u"x", &id), &place);
     EXPECT_EQ(id, 9u);
+}
+
+// The log is that of the executable: these tests run once more, as a program in a folder of their own.
+TEST(StartThread, AFailureIsToldWithItsCode) {
+    const Installation host(ToNativePath(QsPlatform::ExecutablePath()), INSTALLATION_MODULES);
+    std::filesystem::create_directory(host.Folder() / "Log");
+    EXPECT_EQ(host.Run({"--gtest_filter=StartThread.OnlyTheOtherValueCountsAsAFailure"}).status, 0);
+    const std::string log = host.Read("Log/Tallyman.log");
+    const std::string head(LogHead);
+    EXPECT_TRUE(HasForm(log, head + "[ERROR]: Create 'x' thread failed!Error code:0x8.\r\n" + head +
+                                 "[INFO]: Create 'x' thread(0x0) success!\r\n" + head +
+                                 "[INFO]: Create 'x' thread(0x9) success!\r\n"))
+        << log;
 }
 
 }  // namespace

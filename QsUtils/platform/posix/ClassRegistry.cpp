@@ -1,11 +1,11 @@
 #include "QsUtils/platform/ClassRegistry.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 
 #include "QsUtils/platform/FileContent.h"
 #include "QsUtils/platform/NativePath.h"
+#include "QsUtils/platform/posix/Environment.h"
 #include "QsUtils/platform/posix/RegistryFile.h"
 #include "QsUtils/platform/posix/TextOfBytes.h"
 
@@ -16,16 +16,11 @@ namespace {
 /// In bytes. A registry with an office suite in it has some ten million.
 constexpr std::size_t LargestRegistry = std::size_t{1} << 28;
 
-std::string Variable(const char* name) {
-    const char* const value = std::getenv(name);
-    return value == nullptr ? std::string() : std::string(value);
-}
-
 /// The folder of the registry's files; empty when there is none. Wine takes no prefix but an absolute one.
 std::filesystem::path PrefixFolder() {
-    std::filesystem::path prefix = Variable("WINEPREFIX");
-    if (prefix.empty() && std::getenv("HOME") != nullptr)
-        prefix = std::filesystem::path(Variable("HOME")) / ".wine";
+    std::filesystem::path prefix = EnvironmentVariable("WINEPREFIX");
+    if (prefix.empty())
+        prefix = std::filesystem::path(EnvironmentVariable("HOME")) / ".wine";
     return prefix.is_absolute() ? prefix : std::filesystem::path();
 }
 

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <limits>
 #include <utility>
 
 #include <fcntl.h>
@@ -47,6 +48,12 @@ bool WriteAll(int file, const char* bytes, std::size_t count) {
     return true;
 }
 
+/// A failure of the source's, not of the disk that is written to.
+bool SourceFails() {
+    errno = ENODATA;
+    return false;
+}
+
 /// Copies from where both files stand; at most `count` bytes.
 bool CopyBytes(int from, int to, off_t count, char* buffer) {
     while (count > 0) {
@@ -55,10 +62,8 @@ bool CopyBytes(int from, int to, off_t count, char* buffer) {
         const ssize_t got = ::read(from, buffer, part);
         if (got == 0)
             return true;  // the source has become shorter
-        if (got < 0 && errno != EINTR) {
-            errno = ENODATA;  // the source's failure, not that of the disk which is written to
-            return false;
-        }
+        if (got < 0 && errno != EINTR)
+            return SourceFails();
         if (got > 0 && !WriteAll(to, buffer, static_cast<std::size_t>(got)))
             return false;
         count -= got > 0 ? got : 0;
@@ -71,11 +76,14 @@ bool CopySparse(int from, int to, off_t size, char* buffer) {
     off_t data = ::lseek(from, 0, SEEK_DATA);
     while (data >= 0 && data < size) {
         const off_t hole = ::lseek(from, data, SEEK_HOLE);
-        if (hole < 0 || ::lseek(from, data, SEEK_SET) < 0 || ::lseek(to, data, SEEK_SET) < 0 ||
-            !CopyBytes(from, to, hole - data, buffer))
+        if (hole < 0 || ::lseek(from, data, SEEK_SET) < 0)
+            return SourceFails();
+        if (::lseek(to, data, SEEK_SET) < 0 || !CopyBytes(from, to, hole - data, buffer))
             return false;
         data = ::lseek(from, hole, SEEK_DATA);
     }
+    if (data < 0 && errno != ENXIO)  // which says that nothing but a hole is left
+        return SourceFails();
     return ::ftruncate(to, size) == 0;
 }
 
@@ -87,13 +95,15 @@ bool CopyContent(int from, int to, const struct stat& status, char* buffer) {
             return true;
         if (status.st_blocks * BlockOfStat < status.st_size)
             return CopySparse(from, to, status.st_size, buffer);
-        // Blocks that are there already are written in larger pieces; a disk that is full says so now. Not
-        // every file system can do it.
+        // Blocks that are there already are written in larger pieces, in half the time that copy_file_range
+        // takes on a local disk; a disk that is full says so now. Not every file system can do it.
         if (::fallocate(to, 0, 0, status.st_size) != 0 && errno == ENOSPC)
             return false;
+        // A source that has become shorter meanwhile gives a shorter copy.
+        return CopyBytes(from, to, status.st_size, buffer) && ::ftruncate(to, ::lseek(to, 0, SEEK_CUR)) == 0;
     }
-    // Up to its end, wherever that is: files of some systems don't tell their size.
-    return CopyBytes(from, to, status.st_size > 0 ? status.st_size : static_cast<off_t>(CopyBufferSize),
+    // Files of some systems don't tell their size: up to the end then, wherever that is.
+    return CopyBytes(from, to, status.st_size > 0 ? status.st_size : std::numeric_limits<off_t>::max(),
                      buffer);
 }
 
@@ -137,7 +147,7 @@ bool PutInPlace(const NewVersion& version, const FilePlace& target, bool replace
         0)
         return true;
     // Not every file system can do it.
-    return errno == EINVAL &&
+    return (errno == EINVAL || errno == ENOSYS) &&
            ::renameat(target.base, version.path.c_str(), target.base, target.path.c_str()) == 0;
 }
 
@@ -183,9 +193,9 @@ CopyOutcome CopyBetween(const FilePlace& source, FilePlace target, const CopyOpt
         if (replaces && !IsReplaceable(target, old, from))
             return CopyOutcome::LeftOut;
     }
+    const mode_t mode = (from.st_mode & Permissions) | (options.copiesMark ? 0 : S_IWUSR);
     // What replaces a private file must not be open to others even for a moment.
-    const NewVersion version =
-        Begin(target, options.isTargetUnseen, replaces ? S_IRUSR | S_IWUSR : from.st_mode & Permissions);
+    const NewVersion version = Begin(target, options.isTargetUnseen, replaces ? S_IRUSR | S_IWUSR : mode);
     if (!version.file.IsOpen())
         return IsWantOfRoom(errno) ? CopyOutcome::NoRoom : CopyOutcome::LeftOut;
     if (CopyContent(file.Number(), version.file.Number(), from, buffer) &&
@@ -195,6 +205,25 @@ CopyOutcome CopyBetween(const FilePlace& source, FilePlace target, const CopyOpt
     const CopyOutcome outcome = IsWantOfRoom(errno) ? CopyOutcome::NoRoom : CopyOutcome::LeftOut;
     ::unlinkat(target.base, version.path.c_str(), 0);
     return outcome;
+}
+
+Rewriting RewriteBy(const FilePlace& source, const FilePlace& target, char* buffer) {
+    struct stat from {};
+    const FileDescriptor file = OpenSource(source, {}, from);
+    const FileDescriptor to(::openat(target.base, target.path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat old {};
+    if (!file.IsOpen() || !to.IsOpen() || ::fstat(to.Number(), &old) != 0 || !S_ISREG(old.st_mode) ||
+        (old.st_dev == from.st_dev && old.st_ino == from.st_ino))
+        return Rewriting::NotBegun;
+    // Not every file system can do it.
+    if (from.st_size > old.st_size && ::fallocate(to.Number(), FALLOC_FL_KEEP_SIZE, 0, from.st_size) != 0 &&
+        IsWantOfRoom(errno))
+        return Rewriting::NotBegun;
+    return CopyContent(file.Number(), to.Number(), from, buffer) &&
+                   ::ftruncate(to.Number(), from.st_size) == 0 && TakeMarks(to.Number(), from, &old) &&
+                   ::fsync(to.Number()) == 0
+               ? Rewriting::Done
+               : Rewriting::Unfinished;
 }
 
 }  // namespace QsPlatform

@@ -53,14 +53,34 @@ bool MakeWritable(const CString& path) {
            ::fchmodat(entry.Base(), entry.Rest(), (status.st_mode & 07777) | S_IWUSR, 0) == 0;
 }
 
-bool CopyOneFile(const CString& source, const CString& target) {
+bool CopyOneFile(const CString& source, const CString& target, bool* lacksRoom) {
     const FolderPath from(source);
     const FolderPath to(target);
-    if (!from.IsGood() || from.EndsAsFolder() || !to.IsGood() || to.EndsAsFolder())
-        return false;
+    CopyOutcome outcome = CopyOutcome::LeftOut;
+    if (from.IsGood() && !from.EndsAsFolder() && to.IsGood() && !to.EndsAsFolder()) {
+        const std::unique_ptr<char[]> buffer(new char[CopyBufferSize]);
+        outcome = CopyBetween({from.Base(), from.Rest()}, {to.Base(), to.Rest()}, {}, buffer.get());
+    }
+    if (lacksRoom != nullptr)
+        *lacksRoom = outcome == CopyOutcome::NoRoom;
+    return outcome == CopyOutcome::Copied;
+}
+
+bool IsRewritable(const CString& path) {
+    const FolderPath file(path);
+    struct stat status {};
+    return file.IsGood() && !file.EndsAsFolder() && ::fstatat(file.Base(), file.Rest(), &status, 0) == 0 &&
+           S_ISREG(status.st_mode) && (status.st_mode & S_IWUSR) != 0 &&
+           ::faccessat(file.Base(), file.Rest(), W_OK, AT_EACCESS) == 0;
+}
+
+Rewriting RewriteFile(const CString& source, const CString& target) {
+    const FolderPath from(source);
+    const FolderPath to(target);
+    if (!from.IsGood() || from.EndsAsFolder() || !IsRewritable(target))
+        return Rewriting::NotBegun;
     const std::unique_ptr<char[]> buffer(new char[CopyBufferSize]);
-    return CopyBetween({from.Base(), from.Rest()}, {to.Base(), to.Rest()}, {}, buffer.get()) ==
-           CopyOutcome::Copied;
+    return RewriteBy({from.Base(), from.Rest()}, {to.Base(), to.Rest()}, buffer.get());
 }
 
 bool IsHeldElsewhere(const CString& path) {

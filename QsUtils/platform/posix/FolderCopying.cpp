@@ -31,10 +31,11 @@ bool RenameFolder(const HeldFolder& parent, const NativeName& from, const Native
     if (::renameat2(parent.Number(), from.c_str(), parent.Number(), to.c_str(), RENAME_NOREPLACE) == 0)
         return true;
     // Not every file system can do it; the name of an empty folder may be taken then.
-    return errno == EINVAL && ::renameat(parent.Number(), from.c_str(), parent.Number(), to.c_str()) == 0;
+    return (errno == EINVAL || errno == ENOSYS) &&
+           ::renameat(parent.Number(), from.c_str(), parent.Number(), to.c_str()) == 0;
 }
 
-FileCopier::FileCopier() : m_buffer(new char[CopyBufferSize]) {}
+FileCopier::FileCopier(bool copiesMarks) : m_copiesMarks(copiesMarks), m_buffer(new char[CopyBufferSize]) {}
 
 FileCopier::~FileCopier() = default;
 
@@ -44,6 +45,7 @@ CopyOutcome FileCopier::Copy(const HeldFolder& source, const CopiedFile& file, c
     options.followsSource = file.isLink;
     options.makesSourceWritable = !file.isLink;
     options.isTargetUnseen = isUnseen;
+    options.copiesMark = m_copiesMarks;
     return CopyBetween({source.Number(), file.name}, {target.Number(), file.name}, options, m_buffer.get());
 }
 

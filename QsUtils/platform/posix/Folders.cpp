@@ -1,5 +1,6 @@
 #include "QsUtils/platform/Folders.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
@@ -8,6 +9,7 @@
 #include <unistd.h>
 
 #include "QsUtils/platform/NativePath.h"
+#include "QsUtils/platform/posix/FileErrors.h"
 #include "QsUtils/platform/posix/FolderPath.h"
 
 namespace QsPlatform {
@@ -34,9 +36,12 @@ bool IsLink(const CString& path) {
            S_ISLNK(status.st_mode);
 }
 
-bool CreateFolder(const CString& path) {
+bool CreateFolder(const CString& path, bool* lacksRoom) {
     const FolderPath folder(path);
-    return folder.IsGood() && ::mkdirat(folder.Base(), folder.Rest(), 0777) == 0;
+    const bool isMade = folder.IsGood() && ::mkdirat(folder.Base(), folder.Rest(), 0777) == 0;
+    if (lacksRoom != nullptr)
+        *lacksRoom = !isMade && folder.IsGood() && IsWantOfRoom(errno);
+    return isMade;
 }
 
 bool RemoveFolder(const CString& path) {

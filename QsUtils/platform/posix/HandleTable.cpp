@@ -1,5 +1,6 @@
 #include "QsUtils/platform/posix/HandleTable.h"
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 #include <vector>
@@ -11,7 +12,7 @@ namespace {
 /// A place of the table. Its generation grows with each handle that it had, so that an old value is no open
 /// handle, whoever has the place now.
 struct Slot {
-    HandleObject* object = nullptr;
+    SharedHandleObject object;
     std::uint64_t generation = 0;
     std::size_t nextFree = 0;
 };
@@ -58,7 +59,7 @@ bool MakeFreeSlot() noexcept {
     }
 }
 
-HandleObject* TakeObject(Slot& slot) noexcept {
+SharedHandleObject TakeObject(Slot& slot) noexcept {
     ++slot.generation;
     slot.nextFree = theTable->firstFree;
     theTable->firstFree = static_cast<std::size_t>(&slot - theTable->slots.data());
@@ -76,6 +77,10 @@ Deadline::Deadline(DWORD milliseconds) : m_isNow(milliseconds == 0) {
         m_moment = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
 }
 
+bool Deadline::IsOver() const {
+    return m_moment && (m_isNow || std::chrono::steady_clock::now() >= *m_moment);
+}
+
 bool Deadline::Await(std::condition_variable& change, HandleLock& lock) const {
     if (m_isNow)
         return false;
@@ -86,19 +91,23 @@ bool Deadline::Await(std::condition_variable& change, HandleLock& lock) const {
     return change.wait_until(lock, *m_moment) == std::cv_status::no_timeout;
 }
 
-HANDLE OpenHandle(const HandleLock&, HandleObject* object) noexcept {
-    const HandleUse use(object);
+void Deadline::Pause(std::condition_variable& change, HandleLock& lock,
+                     std::chrono::microseconds pause) const {
+    const auto moment = std::chrono::steady_clock::now() + pause;
+    change.wait_until(lock, m_moment ? std::min(moment, *m_moment) : moment);
+}
+
+HANDLE OpenHandle(const HandleLock&, SharedHandleObject object) noexcept {
     if (!MakeFreeSlot())
         return nullptr;
     const std::size_t index = theTable->firstFree;
     Slot& slot = theTable->slots[index];
     theTable->firstFree = slot.nextFree;
-    slot.object = object;
-    object->Use();
+    slot.object = std::move(object);
     return HandleOf(index, slot.generation);
 }
 
-HandleObject* FindObject(const HandleLock&, HANDLE handle) noexcept {
+SharedHandleObject FindObject(const HandleLock&, HANDLE handle) noexcept {
     const Slot* const slot = FindSlot(handle);
     return slot == nullptr ? nullptr : slot->object;
 }
@@ -106,9 +115,6 @@ HandleObject* FindObject(const HandleLock&, HANDLE handle) noexcept {
 void CloseAllHandles(const HandleLock&) noexcept {
     if (theTable == nullptr)
         return;
-    for (Slot& slot : theTable->slots)
-        if (slot.object != nullptr)
-            TakeObject(slot)->Leave();
     delete std::exchange(theTable, nullptr);
 }
 
@@ -118,11 +124,8 @@ DWORD WaitForSingleObject(HANDLE handle, DWORD milliseconds) {
     using namespace QsPlatform;
     const Deadline deadline(milliseconds);
     HandleLock lock = LockHandles();
-    HandleObject* const object = FindObject(lock, handle);
-    if (object == nullptr)
-        return WAIT_FAILED;
-    const HandleUse use(object);
-    return object->Wait(lock, deadline);
+    const SharedHandleObject object = FindObject(lock, handle);
+    return object == nullptr ? WAIT_FAILED : object->Wait(lock, deadline);
 }
 
 int CloseHandle(HANDLE handle) {
@@ -131,6 +134,6 @@ int CloseHandle(HANDLE handle) {
     Slot* const slot = FindSlot(handle);
     if (slot == nullptr)
         return 0;
-    TakeObject(*slot)->Leave();
+    TakeObject(*slot);
     return 1;
 }

@@ -3,8 +3,7 @@
 
 #include <chrono>
 #include <condition_variable>
-#include <cstddef>
-#include <cstdint>
+#include <memory>
 #include <mutex>
 #include <optional>
 
@@ -20,18 +19,22 @@ HandleLock LockHandles();
 class Deadline {
 public:
     explicit Deadline(DWORD milliseconds);
-    /// Whether the wait only asks.
-    bool IsNow() const noexcept { return m_isNow; }
+    /// Whether the wait has no limit.
+    bool IsNever() const noexcept { return !m_moment; }
+    /// Whether it is too late for another wait.
+    bool IsOver() const;
     /// Waits for a change; false when it is too late for one.
     bool Await(std::condition_variable& change, HandleLock& lock) const;
+    /// Waits for a change, for `pause` at most.
+    void Pause(std::condition_variable& change, HandleLock& lock, std::chrono::microseconds pause) const;
 
 private:
     bool m_isNow;
     std::optional<std::chrono::steady_clock::time_point> m_moment;
 };
 
-/// Something that can be waited for. It is counted by those who use it: its handle, and everybody who is
-/// inside of a call. All is done under the lock.
+/// Something that can be waited for. Its handle shares it, and everybody who is inside of a call. All is done
+/// under the lock.
 class HandleObject {
 public:
     HandleObject() = default;
@@ -41,41 +44,14 @@ public:
 
     /// `WAIT_OBJECT_0`, `WAIT_TIMEOUT` or `WAIT_FAILED`. The lock is let go meanwhile.
     virtual DWORD Wait(HandleLock& lock, const Deadline& deadline) = 0;
-
-    void Use() noexcept { ++m_users; }
-    /// The object is deleted with its last user.
-    void Leave() noexcept {
-        if (--m_users == 0)
-            delete this;
-    }
-
-private:
-    std::size_t m_users = 0;
 };
 
-/// Uses an object for as long as it lives; the lock is held when it is made and when it goes.
-class HandleUse {
-public:
-    explicit HandleUse(HandleObject* object) noexcept : m_object(object) {
-        if (m_object != nullptr)
-            m_object->Use();
-    }
-    HandleUse(const HandleUse&) = delete;
-    HandleUse& operator=(const HandleUse&) = delete;
-    ~HandleUse() {
-        if (m_object != nullptr)
-            m_object->Leave();
-    }
+using SharedHandleObject = std::shared_ptr<HandleObject>;
 
-private:
-    HandleObject* m_object;
-};
-
-/// A new handle for an object, which uses it; null, with the object deleted, when the table is full or memory
-/// is.
-HANDLE OpenHandle(const HandleLock& lock, HandleObject* object) noexcept;
+/// A new handle for an object; null when the table is full or memory is.
+HANDLE OpenHandle(const HandleLock& lock, SharedHandleObject object) noexcept;
 /// The object behind an open handle, else null.
-HandleObject* FindObject(const HandleLock& lock, HANDLE handle) noexcept;
+SharedHandleObject FindObject(const HandleLock& lock, HANDLE handle) noexcept;
 /// Ends all handles that are still open, and frees the table.
 void CloseAllHandles(const HandleLock& lock) noexcept;
 

@@ -1,6 +1,8 @@
 #include "QsUtils/platform/Signals.h"
 
-#include <new>
+#include <exception>
+#include <memory>
+#include <utility>
 
 #include <pthread.h>
 
@@ -57,11 +59,13 @@ private:
 
 template <typename Object>
 HANDLE NewObject() noexcept {
-    Object* const object = new (std::nothrow) Object;
-    if (object == nullptr)
+    try {
+        SharedHandleObject object = std::make_shared<Object>();
+        const HandleLock lock = LockHandles();
+        return OpenHandle(lock, std::move(object));
+    } catch (const std::exception&) {
         return nullptr;
-    const HandleLock lock = LockHandles();
-    return OpenHandle(lock, object);
+    }
 }
 
 }  // namespace
@@ -72,7 +76,7 @@ HANDLE NewMutex() noexcept {
 
 bool ReleaseOwnedMutex(HANDLE handle) noexcept {
     const HandleLock lock = LockHandles();
-    auto* const mutex = dynamic_cast<Mutex*>(FindObject(lock, handle));
+    const auto mutex = std::dynamic_pointer_cast<Mutex>(FindObject(lock, handle));
     return mutex != nullptr && mutex->Release();
 }
 
@@ -82,7 +86,7 @@ HANDLE NewEvent() noexcept {
 
 bool SignalEvent(HANDLE handle) noexcept {
     const HandleLock lock = LockHandles();
-    auto* const event = dynamic_cast<Event*>(FindObject(lock, handle));
+    const auto event = std::dynamic_pointer_cast<Event>(FindObject(lock, handle));
     if (event == nullptr)
         return false;
     event->Set();

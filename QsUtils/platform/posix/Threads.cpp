@@ -1,7 +1,11 @@
 #include "QsUtils/platform/Threads.h"
 
+#include <algorithm>
 #include <cerrno>
-#include <new>
+#include <chrono>
+#include <exception>
+#include <memory>
+#include <utility>
 
 #include <pthread.h>
 #include <unistd.h>
@@ -19,12 +23,21 @@ class Thread;
 /// handle that is closed early, or never, leaves no thread behind.
 constinit Thread* theEnded = nullptr;
 
-/// The system's thread. It counts itself among its users from its start until it has been joined.
-class Thread final : public HandleObject {
+/// Threads that have been started and not been joined. Under the lock.
+constinit std::size_t theUnjoined = 0;
+
+/// A thread whose routine has returned still ends what the host keeps for each thread, as a rule within this
+/// time. Who waits for it no longer than a limit looks again and again, the longer the less often.
+constexpr std::chrono::microseconds FirstPause{50};
+constexpr std::chrono::microseconds LongestPause{2000};
+
+/// The system's thread. It keeps itself from its start until it has been joined.
+class Thread final : public HandleObject, public std::enable_shared_from_this<Thread> {
 public:
     Thread(QsThreadRoutine routine, void* parameter) noexcept : m_routine(routine), m_parameter(parameter) {}
 
-    bool Run();
+    /// The lock is let go meanwhile.
+    bool Run(HandleLock& lock);
     DWORD Wait(HandleLock& lock, const Deadline& deadline) override;
     /// The id that the thread tells with its first step.
     std::uint32_t AwaitId(HandleLock& lock);
@@ -40,6 +53,7 @@ private:
     bool CanBeJoined() const { return m_isEnded && m_isKnown && !m_isBeingJoined; }
     bool TryJoin() noexcept { return ::pthread_tryjoin_np(m_thread, nullptr) == 0; }
     void Join(HandleLock& lock);
+    /// The object may be gone when it returns, unless the caller shares it.
     void SetJoined();
 
     const QsThreadRoutine m_routine;
@@ -51,19 +65,21 @@ private:
     bool m_isBeingJoined = false;  // by one who has let go of the lock for it
     bool m_isJoined = false;
     Thread* m_nextEnded = nullptr;
+    std::shared_ptr<Thread> m_self;
     std::condition_variable m_change;
 };
 
-bool Thread::Run() {
-    {
-        const HandleLock lock = LockHandles();
-        JoinGone(lock);
-        Use();
-    }
+bool Thread::Run(HandleLock& lock) {
+    JoinGone(lock);
+    m_self = shared_from_this();
+    ++theUnjoined;
+    lock.unlock();
     const bool isStarted = ::pthread_create(&m_thread, nullptr, Main, this) == 0;
-    const HandleLock lock = LockHandles();
-    if (!isStarted)
-        Leave();
+    lock.lock();
+    if (!isStarted) {
+        --theUnjoined;
+        m_self.reset();  // the caller has it still
+    }
     m_isKnown = isStarted;
     m_change.notify_all();
     return isStarted;
@@ -99,16 +115,20 @@ std::uint32_t Thread::AwaitId(HandleLock& lock) {
 }
 
 DWORD Thread::Wait(HandleLock& lock, const Deadline& deadline) {
+    auto pause = FirstPause;
     while (!m_isJoined) {
         if (!CanBeJoined()) {
             if (!deadline.Await(m_change, lock) && !CanBeJoined())
                 return m_isJoined ? WAIT_OBJECT_0 : WAIT_TIMEOUT;
-        } else if (!deadline.IsNow()) {
+        } else if (deadline.IsNever()) {
             Join(lock);
         } else if (TryJoin()) {
             SetJoined();
-        } else {
+        } else if (deadline.IsOver()) {
             return WAIT_TIMEOUT;
+        } else {
+            deadline.Pause(m_change, lock, pause);
+            pause = std::min(2 * pause, LongestPause);
         }
     }
     return WAIT_OBJECT_0;
@@ -126,12 +146,13 @@ void Thread::Join(HandleLock& lock) {
 
 void Thread::SetJoined() {
     m_isJoined = true;
+    --theUnjoined;
     Thread** place = &theEnded;
     while (*place != this)
         place = &(*place)->m_nextEnded;
     *place = m_nextEnded;
     m_change.notify_all();
-    Leave();
+    m_self.reset();
 }
 
 void Thread::JoinGone(const HandleLock&) {
@@ -143,19 +164,25 @@ void Thread::JoinGone(const HandleLock&) {
     }
 }
 
+/// As many as there are at first: threads that still run may start others and end them without an end.
 void Thread::JoinEnded(HandleLock& lock) {
-    while (theEnded != nullptr) {
-        Thread* const thread = theEnded;
-        const HandleUse use(thread);
-        if (thread->CanBeJoined())
-            thread->Join(lock);
-        else if (!thread->m_isJoined)
-            thread->m_change.wait(lock);
-    }
+    std::size_t left = 0;
+    for (const Thread* thread = theEnded; thread != nullptr; thread = thread->m_nextEnded)
+        ++left;
+    const Deadline never(INFINITE);
+    for (; left > 0 && theEnded != nullptr; --left)
+        theEnded->shared_from_this()->Wait(lock, never);
 }
 
-Thread* NewThread(QsThreadRoutine routine, void* parameter) noexcept {
-    return routine == nullptr ? nullptr : new (std::nothrow) Thread(routine, parameter);
+/// Null for a null routine and when memory is exhausted.
+std::shared_ptr<Thread> NewThread(QsThreadRoutine routine, void* parameter) noexcept {
+    if (routine == nullptr)
+        return nullptr;
+    try {
+        return std::make_shared<Thread>(routine, parameter);
+    } catch (const std::exception&) {
+        return nullptr;
+    }
 }
 
 }  // namespace
@@ -169,46 +196,44 @@ std::uint32_t LastSystemError() noexcept {
 }
 
 HANDLE MakeStoppedThread(QsThreadRoutine routine, void* parameter) noexcept {
-    Thread* const thread = NewThread(routine, parameter);
-    if (thread == nullptr)
-        return nullptr;
+    std::shared_ptr<Thread> thread = NewThread(routine, parameter);
     const HandleLock lock = LockHandles();
-    return OpenHandle(lock, thread);
+    return thread == nullptr ? nullptr : OpenHandle(lock, std::move(thread));
 }
 
+// A handle is found and its thread counted in one hold of the lock, here and below, so that the end of the
+// module either leaves the handle alone or comes before there is a thread.
 bool RunStoppedThread(HANDLE handle) noexcept {
-    Thread* thread = nullptr;
-    {
-        const HandleLock lock = LockHandles();
-        thread = dynamic_cast<Thread*>(FindObject(lock, handle));
-        if (thread == nullptr)
-            return false;
-        thread->Use();
-    }
-    const bool isRunning = thread->Run();
-    const HandleLock lock = LockHandles();
-    thread->Leave();
-    return isRunning;
+    HandleLock lock = LockHandles();
+    const auto thread = std::dynamic_pointer_cast<Thread>(FindObject(lock, handle));
+    return thread != nullptr && thread->Run(lock);
 }
 
 HANDLE StartRunningThread(QsThreadRoutine routine, void* parameter, std::uint32_t& id) noexcept {
     id = 0;
-    const HANDLE handle = MakeStoppedThread(routine, parameter);
+    const std::shared_ptr<Thread> thread = NewThread(routine, parameter);
+    if (thread == nullptr)
+        return nullptr;
+    HandleLock lock = LockHandles();
+    HANDLE handle = OpenHandle(lock, thread);
     if (handle == nullptr)
         return nullptr;
-    if (!RunStoppedThread(handle)) {
-        ::CloseHandle(handle);
-        return nullptr;
+    if (thread->Run(lock)) {
+        id = thread->AwaitId(lock);
+        return handle;
     }
-    HandleLock lock = LockHandles();
-    id = static_cast<Thread*>(FindObject(lock, handle))->AwaitId(lock);
-    return handle;
+    lock.unlock();
+    ::CloseHandle(handle);
+    return nullptr;
 }
 
+// A host may return from its main function while threads run. They go on until the process is gone, some way
+// beyond the end of the static objects, and so keep the handles that they work with.
 void EndHandles() noexcept {
     HandleLock lock = LockHandles();
     Thread::JoinEnded(lock);
-    CloseAllHandles(lock);
+    if (theUnjoined == 0)
+        CloseAllHandles(lock);
 }
 
 }  // namespace QsPlatform

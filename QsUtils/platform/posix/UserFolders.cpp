@@ -1,6 +1,5 @@
 #include "QsUtils/platform/UserFolders.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -14,6 +13,7 @@
 #include "QsUtils/platform/FileContent.h"
 #include "QsUtils/platform/FullPath.h"
 #include "QsUtils/platform/NativePath.h"
+#include "QsUtils/platform/posix/Environment.h"
 #include "QsUtils/platform/posix/UserDirs.h"
 
 namespace QsPlatform {
@@ -25,12 +25,6 @@ constexpr std::size_t LargestUserDirs = std::size_t{1} << 20;
 
 /// The user's entry among the accounts may be this long; the usual one has a hundred bytes.
 constexpr std::size_t AccountBuffer = std::size_t{1} << 16;
-
-std::string_view Environment(const char* name) {
-    // The library never changes the environment, and a host that does while others read it is lost anyway.
-    const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe)
-    return value == nullptr ? std::string_view() : std::string_view(value);
-}
 
 CString Fitting(CString path) {
     return path.GetLength() < PathBuffer ? std::move(path) : CString();
@@ -48,14 +42,14 @@ std::string HomeOfAccount() {
 
 /// Empty when there is no home, or none that one could find again from another folder.
 std::string Home() {
-    const std::string_view set = Environment("HOME");
+    const std::string_view set = EnvironmentVariable("HOME");
     std::string home = set.empty() ? HomeOfAccount() : std::string(set);
     return home.starts_with('/') ? home : std::string();
 }
 
 /// Where desktops keep their settings; a relative setting is to be ignored.
 std::string ConfigurationFolder(const std::string& home) {
-    const std::string_view set = Environment("XDG_CONFIG_HOME");
+    const std::string_view set = EnvironmentVariable("XDG_CONFIG_HOME");
     if (set.starts_with('/'))
         return std::string(set);
     return home.empty() ? std::string() : home + "/.config";
@@ -74,7 +68,7 @@ std::optional<std::string> DocumentsOfDesktop(const std::string& home) {
 
 CString TemporaryFolder() {
     for (const char* name : {"TMP", "TEMP", "TMPDIR"}) {
-        const std::string_view folder = Environment(name);
+        const std::string_view folder = EnvironmentVariable(name);
         if (folder.empty())
             continue;
         CString full = FullPath(FromNativePath(folder));

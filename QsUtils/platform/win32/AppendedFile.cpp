@@ -40,12 +40,17 @@ AppendedFile::State AppendedFile::Open() noexcept {
     if (file == INVALID_HANDLE_VALUE)
         return Refused();
     m_file = reinterpret_cast<std::intptr_t>(file);
-    LARGE_INTEGER size{};
-    if (::GetFileType(file) != FILE_TYPE_DISK || !::GetFileSizeEx(file, &size)) {
+    BY_HANDLE_FILE_INFORMATION data{};
+    if (::GetFileType(file) != FILE_TYPE_DISK || !::GetFileInformationByHandle(file, &data)) {
         Close();
         return State::NotOpened;
     }
-    m_size = static_cast<std::uint64_t>(size.QuadPart);
+    m_size = (std::uint64_t{data.nFileSizeHigh} << 32) | data.nFileSizeLow;
+    // Not every implementation of the system refuses by itself a file marked so.
+    if ((data.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0) {
+        Close();
+        return State::NotOpened;
+    }
     return State::Open;
 }
 

@@ -68,6 +68,12 @@ CopyOutcome CopyToNewName(const std::wstring& source, const std::wstring& target
 
 }  // namespace
 
+void TakeMarkOff(const std::wstring& path) {
+    const DWORD attributes = ::GetFileAttributesW(path.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
+        ::SetFileAttributesW(path.c_str(), attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY));
+}
+
 bool SetNormal(const std::wstring& path) {
     return ::SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL) != 0;
 }
@@ -89,6 +95,15 @@ CopyOutcome CopyBetween(const std::wstring& source, std::wstring target, bool is
         ((to & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0 || IsSameFile(source, target)))
         return CopyOutcome::LeftOut;
     return CopyToNewName(source, target, replaces);
+}
+
+Rewriting RewriteBy(const std::wstring& source, const std::wstring& target) {
+    const DWORD from = ::GetFileAttributesW(source.c_str());
+    if (from == INVALID_FILE_ATTRIBUTES || (from & FILE_ATTRIBUTE_DIRECTORY) != 0 ||
+        IsSameFile(source, target))
+        return Rewriting::NotBegun;
+    return ::CopyFileW(source.c_str(), target.c_str(), FALSE) && Flush(target) ? Rewriting::Done
+                                                                               : Rewriting::Unfinished;
 }
 
 }  // namespace QsPlatform

@@ -26,7 +26,8 @@ bool RenameFolder(const HeldFolder& parent, const NativeName& from, const Native
     return ::MoveFileExW(parent.Entry(from).c_str(), parent.Entry(to).c_str(), 0) != 0;
 }
 
-FileCopier::FileCopier() = default;  // the system has memory of its own for it
+FileCopier::FileCopier(bool copiesMarks)
+    : m_copiesMarks(copiesMarks) {}  // the system has memory of its own for it
 
 FileCopier::~FileCopier() = default;
 
@@ -34,7 +35,10 @@ CopyOutcome FileCopier::Copy(const HeldFolder& source, const CopiedFile& file, c
                              bool isUnseen) {
     if (!file.isLink)
         SetNormal(source.Entry(file.name));
-    return CopyBetween(source.Entry(file.name), target.Entry(file.name), isUnseen);
+    const CopyOutcome outcome = CopyBetween(source.Entry(file.name), target.Entry(file.name), isUnseen);
+    if (outcome == CopyOutcome::Copied && !m_copiesMarks)
+        TakeMarkOff(target.Entry(file.name));
+    return outcome;
 }
 
 }  // namespace QsPlatform

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "QsUtils/platform/win32/FileErrors.h"
 #include "QsUtils/platform/win32/LinkTarget.h"
 #include "QsUtils/platform/win32/SystemPath.h"
 #include "QsUtils/platform/win32/Windows.h"
@@ -30,8 +31,11 @@ bool IsLink(const CString& path) {
     return IsLinkPath(entry);
 }
 
-bool CreateFolder(const CString& path) {
-    return ::CreateDirectoryW(SystemPath(path).c_str(), nullptr) != 0;
+bool CreateFolder(const CString& path, bool* lacksRoom) {
+    const bool isMade = ::CreateDirectoryW(SystemPath(path).c_str(), nullptr) != 0;
+    if (lacksRoom != nullptr)
+        *lacksRoom = !isMade && IsWantOfRoom(::GetLastError());
+    return isMade;
 }
 
 bool RemoveFolder(const CString& path) {

@@ -1,151 +1,15 @@
-// What is on the disk after an operation of the backup was killed, or found the disk full, at each of the
-// calls by which it changes files.
+// What is on the disk after an operation of the backup was killed, or found the disk full or failing, at each
+// of the calls by which it changes files.
 #include <filesystem>
-#include <random>
-#include <string>
 
 #include <gtest/gtest.h>
 
-#include "tests/backup/BackedUpProject.h"
-#include "tests/backup/faults/FaultPoints.h"
-#include "tests/backup/faults/Operations.h"
-#include "tests/support/Rounds.h"
+#include "tests/backup/faults/BackUpFault.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using FaultPoints::Fault;
-using FaultPoints::Plan;
-
-const TreeOfFiles Saved = {{"plan.dwg", "the plan"},
-                           {"a/", ""},
-                           {"a/1.dwg", "first floor"},
-                           {"a/b/", ""},
-                           {"a/b/2.dwg", "second floor"},
-                           {"only saved", "x"},
-                           {"empty/", ""}};
-const TreeOfFiles Live = {{"plan.dwg", "another plan"},
-                          {"a/", ""},
-                          {"a/1.dwg", std::string(3000, 'y')},
-                          {"roof/", ""},
-                          {"roof/r.dwg", "r"},
-                          {"楼梯.dwg", "stairs"}};
-
-/// A project that was opened, then worked on in both its database and its drawings.
-class WorkedOnProject : public BackedUpProject {
-public:
-    WorkedOnProject(const TreeOfFiles& saved, const TreeOfFiles& live) : m_saved(saved), m_live(live) {
-        Reset();
-    }
-
-    void Reset() const {
-        fs::remove_all(BackUp());
-        for (const auto& entry : fs::directory_iterator(Folder().Path()))
-            fs::remove_all(entry.path());
-        WriteBytes(DataBase(), OldDataBase);
-        WriteTree(Graphics(), m_live);
-        WriteTree(SavedGraphics(), m_saved);
-        WriteBytes(WorkingDataBase(), Work);
-        WriteBytes(Versions(), "[GraphicFileInfo]\r\nRunVer=2\r\nBackUpVer=1\r\n");
-    }
-
-    /// At any moment.
-    void ExpectDataBasesWhole() const {
-        EXPECT_PRED1(IsWhole, BytesOf(DataBase()));
-        EXPECT_PRED1(IsWhole, BytesOf(WorkingDataBase()));
-        const std::string versions = BytesOf(Versions());
-        EXPECT_TRUE(versions.starts_with("[GraphicFileInfo]\r\nRunVer=")) << versions;
-        EXPECT_TRUE(versions.ends_with("\r\n")) << versions;
-    }
-    /// When a call that wasn't killed has ended.
-    void ExpectAllWhole() const {
-        ExpectDataBasesWhole();
-        EXPECT_TRUE(IsOneOf(TreeAt(Graphics())));
-        EXPECT_TRUE(IsOneOf(TreeAt(SavedGraphics())));
-        EXPECT_EQ(Folder().Entries(), 2) << "something is left beside the project";
-        EXPECT_LE(std::distance(fs::directory_iterator(BackUp()), {}), 4)
-            << "something is left in the backup";
-        for (const auto& entry : fs::directory_iterator(BackUp()))
-            EXPECT_TRUE(IsOfBackUp(entry.path().filename().string())) << entry.path();
-    }
-    void ExpectSaved() const {
-        EXPECT_EQ(BytesOf(DataBase()), Work);
-        EXPECT_EQ(TreeAt(SavedGraphics()), m_live);
-        EXPECT_EQ(TreeAt(Graphics()), m_live);
-    }
-    void ExpectDiscarded() const {
-        EXPECT_EQ(BytesOf(DataBase()), OldDataBase);
-        EXPECT_EQ(TreeAt(Graphics()), m_saved);
-        EXPECT_EQ(TreeAt(SavedGraphics()), m_saved);
-    }
-
-private:
-    static bool IsWhole(const std::string& dataBase) { return dataBase == OldDataBase || dataBase == Work; }
-    static bool IsOfBackUp(const std::string& name) {
-        return name == "BackUpDataBase.mdb" || name == "BackUpGraphicFile" || name == "FileVer.ini" ||
-               name == "BackUpGraphicFile.qsutils-behind";
-    }
-    bool IsOneOf(const TreeOfFiles& tree) const { return tree == m_saved || tree == m_live; }
-
-    static inline const std::string OldDataBase = "old database" + std::string(5000, 'o');
-    static inline const std::string Work = "work" + std::string(5000, 'w');
-
-    TreeOfFiles m_saved;
-    TreeOfFiles m_live;
-};
-
-struct Ways {
-    bool exchanges;
-    bool movesFolders;
-};
-
-class BackUpFault : public ::testing::TestWithParam<Ways> {
-protected:
-    Plan PlanOf(Fault fault, int point = 0) const {
-        return {fault, point, GetParam().exchanges, GetParam().movesFolders};
-    }
-    int CountPoints(Operation operation) const {
-        m_project.Reset();
-        FaultPoints::Arm(PlanOf(Fault::None));
-        Carry(operation, m_project.Path());
-        return FaultPoints::Disarm();
-    }
-    /// Kills the operation at every point, and looks at what the next call finds.
-    void KillEverywhere(Operation operation, Operation next) const {
-        int killed = 0;
-        for (int point = 1;; ++point) {
-            m_project.Reset();
-            SCOPED_TRACE(point);
-            if (CarryApart(operation, m_project.Path(), PlanOf(Fault::Killed, point)))
-                break;
-            ++killed;
-            m_project.ExpectDataBasesWhole();
-            ASSERT_TRUE(CarryApart(next, m_project.Path(), PlanOf(Fault::None)));
-            m_project.ExpectAllWhole();
-            if (HasFailure())
-                return;
-        }
-        EXPECT_EQ(killed, CountPoints(operation));
-        EXPECT_GT(killed, 30);
-    }
-    void FailEverywhere(Operation operation, Fault fault) const {
-        const int points = CountPoints(operation);
-        for (int point = 1; point <= points; ++point) {
-            m_project.Reset();
-            SCOPED_TRACE(point);
-            FaultPoints::Arm(PlanOf(fault, point));
-            Carry(operation, m_project.Path());
-            FaultPoints::Disarm();
-            m_project.ExpectDataBasesWhole();
-            Carry(Operation::Look, m_project.Path());
-            m_project.ExpectAllWhole();
-            if (HasFailure())
-                return;
-        }
-    }
-
-    const WorkedOnProject m_project{Saved, Live};
-};
 
 TEST_P(BackUpFault, AKilledSave) {
     KillEverywhere(Operation::Save, Operation::Look);
@@ -185,12 +49,85 @@ TEST_P(BackUpFault, ADiskThatGetsFullInAnOpening) {
     FailEverywhere(Operation::Open, Fault::DiskFull);
 }
 
-INSTANTIATE_TEST_SUITE_P(Ways, BackUpFault,
-                         ::testing::Values(Ways{true, true}, Ways{false, true}, Ways{false, false}),
-                         [](const ::testing::TestParamInfo<Ways>& ways) {
-                             return !ways.param.movesFolders ? "Rewriting"
-                                    : ways.param.exchanges   ? "Exchanging"
-                                                             : "Moving";
-                         });
+TEST_P(BackUpFault, AKilledChange) {
+    KillEverywhere(Operation::Change, Operation::Look, 3);
+}
+
+TEST_P(BackUpFault, ADiskThatGetsFullInAChange) {
+    FailEverywhere(Operation::Change, Fault::DiskFull);
+}
+
+class OneFailure : public BackUpFault {};
+
+TEST_P(OneFailure, LeavesWholeVersions) {
+    for (const Operation operation :
+         {Operation::Open, Operation::Save, Operation::Change, Operation::Discard})
+        FailEverywhere(operation, Fault::Error);
+}
+
+class MarkedFiles : public BackUpFault {
+protected:
+    void SetUp() override {
+        m_project.decorate = [this] {
+            for (const fs::path& file :
+                 {m_project.Graphics() / "plan.dwg", m_project.Graphics() / "roof/r.dwg",
+                  m_project.SavedGraphics() / "plan.dwg", m_project.SavedGraphics() / "a/b/2.dwg"})
+                fs::permissions(file, fs::perms::owner_write, fs::perm_options::remove);
+        };
+    }
+};
+
+TEST_P(MarkedFiles, AKilledSave) {
+    AllowOutcomesOf(Operation::Save);
+    KillEverywhere(Operation::Save, Operation::Look);
+}
+
+TEST_P(MarkedFiles, AKilledDiscard) {
+    AllowOutcomesOf(Operation::Discard);
+    KillEverywhere(Operation::Discard, Operation::Look);
+}
+
+/// A process was killed between two renames, and a host has made the folder anew.
+class FolderMadeAnew : public BackUpFault {
+protected:
+    void SetUp() override {
+        m_project.decorate = [this] {
+            const auto beside = [this](const char* ending) {
+                fs::path path = m_project.Graphics();
+                return path += ending;
+            };
+            fs::rename(m_project.Graphics(), beside(".qsutils-old"));
+            WriteTree(beside(".qsutils-ready"), Ready);
+            WriteTree(m_project.Graphics(), {{"mine", "mine"}, {"plan.dwg", "newer"}, {"a/mine", "mine"}});
+        };
+        TreeOfFiles joined = Ready;
+        joined["mine"] = joined["a/mine"] = "mine";
+        m_project.AddWholeVersion(joined);
+    }
+
+    /// Whole only together with what the host has put there.
+    const TreeOfFiles Ready = {{"plan.dwg", "the ready plan"}, {"a/", ""}, {"a/1.dwg", "first floor"}};
+};
+
+TEST_P(FolderMadeAnew, AKilledRecovery) {
+    KillEverywhere(Operation::Look, Operation::Look, 3);
+}
+
+class FolderMadeAnewOnAFailingDisk : public FolderMadeAnew {};
+
+TEST_P(FolderMadeAnewOnAFailingDisk, ARecoveryWhereOneCallFails) {
+    FailEverywhere(Operation::Look, Fault::Error);
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, BackUpFault, AllWays(), NameOfWays);
+INSTANTIATE_TEST_SUITE_P(Ways, MarkedFiles, AllWays(), NameOfWays);
+INSTANTIATE_TEST_SUITE_P(Ways, FolderMadeAnew, AllWays(), NameOfWays);
+
+// Where a folder is emptied and filled again, a disk that fails may cost what it fails at.
+constexpr FaultWays Exchanging{true, true};
+constexpr FaultWays Moving{false, true};
+INSTANTIATE_TEST_SUITE_P(Ways, OneFailure, ::testing::Values(Exchanging, Moving), NameOfWays);
+INSTANTIATE_TEST_SUITE_P(Ways, FolderMadeAnewOnAFailingDisk, ::testing::Values(Exchanging, Moving),
+                         NameOfWays);
 
 }  // namespace

@@ -29,6 +29,10 @@ bool MayExchange() noexcept {
     return !isArmed || thePlan.exchanges;
 }
 
+bool RenamesTakeRoom() noexcept {
+    return thePlan.renamesTakeRoom;
+}
+
 bool MayMoveFolders() noexcept {
     return !isArmed || thePlan.movesFolders;
 }
@@ -52,7 +56,7 @@ Outcome NextPoint(bool takesRoom) noexcept {
 std::string TextOf(const Plan& plan) {
     std::ostringstream text;
     text << static_cast<int>(plan.fault) << ' ' << plan.point << ' ' << plan.exchanges << ' '
-         << plan.movesFolders;
+         << plan.renamesTakeRoom << ' ' << plan.movesFolders;
     return text.str();
 }
 
@@ -60,7 +64,7 @@ Plan PlanOf(std::string_view text) {
     std::istringstream in{std::string(text)};
     Plan plan;
     int fault = 0;
-    in >> fault >> plan.point >> plan.exchanges >> plan.movesFolders;
+    in >> fault >> plan.point >> plan.exchanges >> plan.renamesTakeRoom >> plan.movesFolders;
     plan.fault = static_cast<Fault>(fault);
     return plan;
 }

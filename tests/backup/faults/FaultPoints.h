@@ -16,9 +16,10 @@ enum class Fault {
 
 struct Plan {
     Fault fault = Fault::None;
-    int point = 0;             ///< from 1 on
-    bool exchanges = true;     ///< whether the system can exchange two entries, where it can at all
-    bool movesFolders = true;  ///< whether entries in use elsewhere don't stand in the way of moving
+    int point = 0;                ///< from 1 on
+    bool exchanges = true;        ///< whether the system can exchange two entries, where it can at all
+    bool renamesTakeRoom = true;  ///< whether a full disk keeps entries from being renamed
+    bool movesFolders = true;     ///< whether entries in use elsewhere don't stand in the way of moving
 };
 
 /// Begins to count.

@@ -9,6 +9,7 @@ enum class Outcome { Passes, Killed, DiskFull, Error };
 Outcome NextPoint(bool takesRoom) noexcept;
 
 bool MayExchange() noexcept;
+bool RenamesTakeRoom() noexcept;
 bool MayMoveFolders() noexcept;
 
 }  // namespace FaultPoints

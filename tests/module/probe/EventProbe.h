@@ -19,7 +19,8 @@ TEST_EXPORT std::size_t WatchNotedBlocks(const char* event) noexcept;
 /// Instead of the second call: watches only the first block, which others were allocated for.
 TEST_EXPORT void WatchFirstNotedBlock(const char* event) noexcept;
 
-/// Reports the end of the names in a backup, which the module holds from its start on, by the one that ends last.
+/// Reports the end of the names in a backup, which the module holds from its start on, by the one that ends
+/// last.
 TEST_EXPORT void WatchBackUpNames(const char* event) noexcept;
 
 /// While this variable of the environment is set, the XML platform raises an error as soon as it has started.

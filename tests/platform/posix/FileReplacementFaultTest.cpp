@@ -1,4 +1,5 @@
 // What a replaced file keeps, and what is left after each call of the kernel has failed.
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
@@ -24,11 +25,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The error that the next call of each kind fails with; 0 lets it pass.
+/// The error that the next call of each kind fails with; 0 lets it pass. Threads of other tests call them
+/// too.
 struct Faults {
-    int fsync = 0;
-    int rename = 0;
-    int fchmod = 0;
+    std::atomic<int> fsync{0};
+    std::atomic<int> rename{0};
+    std::atomic<int> fchmod{0};
 } faults;
 
 template <typename F>
@@ -36,9 +38,11 @@ F* Next(const char* name) {
     return reinterpret_cast<F*>(::dlsym(RTLD_NEXT, name));
 }
 
-bool Fails(int& fault) {
-    errno = fault;
-    return std::exchange(fault, 0) != 0;
+bool Fails(std::atomic<int>& fault) {
+    const int error = fault.exchange(0);
+    if (error != 0)
+        errno = error;
+    return error != 0;
 }
 
 }  // namespace

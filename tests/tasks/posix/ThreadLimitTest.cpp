@@ -99,6 +99,65 @@ int StartAfterwards() {
     return counts.ran == 1 ? AsPromised : NotStarted;
 }
 
+/// Lets no thread be made, or as many as before.
+class ThreadSwitch {
+public:
+    ThreadSwitch() {
+        m_isGood = (::geteuid() != 0 || ::setresuid(Nobody, Nobody, Nobody) == 0) &&
+                   ::getrlimit(RLIMIT_NPROC, &m_before) == 0;
+    }
+    bool Allow(bool isAllowed) {
+        const rlimit none{0, m_before.rlim_max};
+        return m_isGood && ::setrlimit(RLIMIT_NPROC, isAllowed ? &m_before : &none) == 0 &&
+               CanMakeThreads() == isAllowed;
+    }
+
+private:
+    rlimit m_before{};
+    bool m_isGood = false;
+};
+
+/// One task runs and others wait, and when it ends there are no threads for `lost` of them.
+int EndWithoutThreads(int waiting, int lost) {
+    ThreadSwitch threads;
+    if (!threads.Allow(false) || !threads.Allow(true))
+        return NoLimit;
+    Counts counts;
+    CallingObserver observer;
+    Gate gate;
+    Gate isOver;
+    observer.onSuccess = [&](const CString& name) {
+        ++counts.told;
+        if (name == u"first")
+            threads.Allow(false);
+        if (counts.told == 1 + waiting - lost)
+            isOver.Open();
+    };
+    OpenManager manager(false);
+    manager.SetParallelTaskCount(1);
+    manager.AddTaskThreadMgrObserver(&observer);
+    manager.StartTask(new TestTask(manager, u"first", [&] {
+        gate.Pass();
+        return 1;
+    }));
+    for (int i = 1; i <= waiting; ++i) {
+        CString name;
+        name.Format(u"%d", i);
+        TestTask* const task = NewTask(manager, name, counts);
+        if (i == lost)
+            task->onEnd = [&] { threads.Allow(true); };
+        manager.StartTask(task);
+    }
+    gate.Open();
+    isOver.Pass();
+    manager.CancelTask(u"first");  // its end is over when this returns
+    CThreadTask* left = nullptr;
+    if (manager.GetCurFirstWaitTaskInfo(left) != 0)
+        return NotStarted;
+    manager.CancelAllTask();
+    return counts.ran != waiting - lost ? Ran : counts.alive != 0 ? Alive : AsPromised;
+}
+
 #define EXPECT_PROMISE(outcome)                                               \
     const int result = (outcome);                                             \
     if (result == NoLimit)                                                    \
@@ -115,6 +174,18 @@ TEST(ThreadLimit, AThreadThatCantBeMadeIsNull) {
 
 TEST(ThreadLimit, WhenThereAreThreadsAgainTasksRun) {
     EXPECT_PROMISE(InChild(StartAfterwards));
+}
+
+TEST(ThreadLimit, TheTaskBehindOneWithoutAThreadIsStarted) {
+    EXPECT_PROMISE(InChild([] { return EndWithoutThreads(3, 1); }));
+}
+
+TEST(ThreadLimit, AsManyAsHaveNoThreadArePassedOver) {
+    EXPECT_PROMISE(InChild([] { return EndWithoutThreads(20, 15); }));
+}
+
+TEST(ThreadLimit, WithoutAThreadForAnyNoneIsLeftToWait) {
+    EXPECT_PROMISE(InChild([] { return EndWithoutThreads(5, 5); }));
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 
 #include "QsUtils/ui/ExcelVersion.h"
 
+#include "tests/support/ChildProcess.h"
 #include "tests/support/TemporaryFolder.h"
 
 using QsUi::GetExcelInstallVersion;
@@ -105,6 +106,20 @@ TEST_F(WineExcelVersion, FilesThatAreNone) {
     EXPECT_EQ(GetExcelInstallVersion(), u"16");
     std::filesystem::resize_file(m_prefix.File("system.reg"), std::uintmax_t{1} << 40);
     EXPECT_EQ(GetExcelInstallVersion(), u"");
+}
+
+TEST_F(WineExcelVersion, TheHostTellsIt) {
+    ProgramCall call;
+    call.program = OPEN_BUDGET_HOST;
+    call.arguments = {"excel"};
+    const ProgramResult none = RunProgram(call);
+    EXPECT_EQ(none.status, 1);
+    EXPECT_EQ(none.out, "");
+    EXPECT_EQ(none.err, "openbudget: no spreadsheet is installed\n");
+    m_prefix.Write("system.reg", Registry("\"Excel.Application.16\""));
+    const ProgramResult some = RunProgram(call);
+    EXPECT_EQ(some.status, 0) << some.err;
+    EXPECT_EQ(some.out, "16\n");
 }
 
 TEST_F(WineExcelVersion, ThePrefixIsTheUsersUnlessOneIsNamed) {

@@ -6,6 +6,8 @@
 
 #include "QsUtils/ui/ExcelVersion.h"
 
+#include "tests/support/ChildProcess.h"
+
 using QsUi::GetExcelInstallVersion;
 
 namespace {
@@ -59,6 +61,20 @@ TEST_F(ExcelVersion, IsWhatStandsBehindTheLastPoint) {
     EXPECT_EQ(GetExcelInstallVersion(), u"no point");
     Register(L"Excel.Application.");
     EXPECT_EQ(GetExcelInstallVersion(), u"");
+}
+
+TEST_F(ExcelVersion, TheHostTellsIt) {
+    ProgramCall call;
+    call.program = OPEN_BUDGET_HOST;
+    call.arguments = {"excel"};
+    const ProgramResult none = RunProgram(call);
+    EXPECT_EQ(none.status, 1);
+    EXPECT_EQ(none.out, "");
+    EXPECT_NE(none.err.find("openbudget: no spreadsheet is installed"), std::string::npos) << none.err;
+    Register(L"Excel.Application.16");
+    const ProgramResult some = RunProgram(call);
+    EXPECT_EQ(some.status, 0) << some.err;
+    EXPECT_EQ(some.out, "16\r\n");
 }
 
 TEST_F(ExcelVersion, AKeyWithoutAValueHasNone) {

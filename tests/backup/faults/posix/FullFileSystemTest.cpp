@@ -102,6 +102,12 @@ Result TryWithLittleRoom(const BackedUpProject& project, Operation operation) {
         if (kept != live && kept != saved)
             return SavedTorn;
         (drawings == kept ? wasDone : wasFull) = true;
+        // There is room again; what has been saved or opened is what is left in the end.
+        for (const fs::path& place : {folder, backUps})
+            fs::remove(place / "filler");
+        Carry(Operation::Discard, project.Path());
+        if (TreeAt(project.Graphics()) != drawings && operation != Operation::Discard)
+            return DrawingsTorn;
     }
     return !wasFull ? NeverFull : !wasDone ? NeverDone : AllWhole;
 }

@@ -91,11 +91,12 @@ int __wrap_renameat2(int fromBase, const char* from, int toBase, const char* to,
         return -1;
     }
     // As what is mounted can't be moved; what stands beside it can.
-    if (!FaultPoints::MayMoveFolders() && ((flags & RENAME_EXCHANGE) != 0 || !IsVersionBeside(from))) {
+    if (!FaultPoints::MayMoveFolders() &&
+        ((flags & RENAME_EXCHANGE) != 0 || (!IsVersionBeside(from) && IsVersionBeside(to)))) {
         errno = EBUSY;
         return -1;
     }
-    return Passes(TakesRoom) ? __real_renameat2(fromBase, from, toBase, to, flags) : -1;
+    return Passes(FaultPoints::RenamesTakeRoom()) ? __real_renameat2(fromBase, from, toBase, to, flags) : -1;
 }
 
 int __wrap_ioctl(int file, unsigned long request, void* argument) {
@@ -112,9 +113,9 @@ int __wrap_ioctl(int file, unsigned long request, void* argument) {
 POINT(TakesRoom, mkdirat, (int base, const char* path, mode_t mode), base, path, mode)
 POINT(TakesNone, unlinkat, (int base, const char* path, int flags), base, path, flags)
 POINT(TakesNone, unlink, (const char* path), path)
-POINT(TakesRoom, rename, (const char* from, const char* to), from, to)
-POINT(TakesRoom, renameat, (int fromBase, const char* from, int toBase, const char* to), fromBase, from,
-      toBase, to)
+POINT(FaultPoints::RenamesTakeRoom(), rename, (const char* from, const char* to), from, to)
+POINT(FaultPoints::RenamesTakeRoom(), renameat, (int fromBase, const char* from, int toBase, const char* to),
+      fromBase, from, toBase, to)
 POINT(TakesRoom, fallocate, (int file, int mode, off_t at, off_t size), file, mode, at, size)
 POINT(TakesRoom, ftruncate, (int file, off_t size), file, size)
 POINT(TakesNone, fchmod, (int file, mode_t mode), file, mode)

@@ -91,11 +91,11 @@ BOOL WINAPI CopyHere(LPCWSTR from, LPCWSTR to, BOOL failsIfExists) {
 
 BOOL WINAPI MoveHere(LPCWSTR from, LPCWSTR to, DWORD flags) {
     if (!FaultPoints::MayMoveFolders() && (::GetFileAttributesW(from) & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
-        !IsVersionBeside(from)) {
+        !IsVersionBeside(from) && IsVersionBeside(to)) {
         ::SetLastError(ERROR_CANT_ACCESS_FILE);
         return FALSE;
     }
-    return Passes(TakesRoom) ? __real___imp_MoveFileExW(from, to, flags) : FALSE;
+    return Passes(FaultPoints::RenamesTakeRoom()) ? __real___imp_MoveFileExW(from, to, flags) : FALSE;
 }
 
 }  // namespace
