@@ -65,7 +65,7 @@ build() {
         "${launcher[@]}" cmake --build --preset "$preset" --parallel "$(nproc)" "${targets[@]}" </dev/null)
 }
 
-# start_display WIDTHxHEIGHT: a screen that no machine stands behind; `display_name` names it then.
+# start_display WIDTHxHEIGHT: a screen that no machine stands behind; `QSUTILS_DISPLAY` names it then.
 start_display() {
     local told
     told=$(mktemp) || return
@@ -75,8 +75,7 @@ start_display() {
         kill -0 "$display_process" 2>/dev/null || return
         sleep 0.1
     done
-    # shellcheck disable=SC2034 # for those who source this file
-    display_name=:$(<"$told")
+    QSUTILS_DISPLAY=:$(<"$told")
     rm -f "$told"
 }
 

@@ -161,7 +161,7 @@ prepare_wine_with_screen() {
 # Starts a screen, and Wine with it, for programs run with `under-wine --screen`.
 start_screen() {
     start_display 1280x1024 || return
-    export QSUTILS_SCREEN=$display_name
+    export QSUTILS_SCREEN=$QSUTILS_DISPLAY
     stop_wine >/dev/null 2>&1  # one that was left behind is bound to a screen that has gone
     start_wine 600
 }
