@@ -76,6 +76,7 @@ start_display() {
         sleep 0.1
     done
     QSUTILS_DISPLAY=:$(<"$told")
+    export QSUTILS_DISPLAY
     rm -f "$told"
 }
 
