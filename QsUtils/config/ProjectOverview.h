@@ -26,8 +26,8 @@ struct stuColInfo {
 class QSUTILS_API CProjectOverViewFactory {
 public:
     CProjectOverViewFactory();
-    CProjectOverViewFactory(const CProjectOverViewFactory&) = default;
-    CProjectOverViewFactory& operator=(const CProjectOverViewFactory&);
+    CProjectOverViewFactory(const CProjectOverViewFactory&) = default;   ///< There is nothing to copy.
+    CProjectOverViewFactory& operator=(const CProjectOverViewFactory&);  ///< There is nothing to copy.
 };
 
 }  // namespace QS_ProjectOverView
