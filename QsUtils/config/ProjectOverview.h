@@ -1,9 +1,11 @@
-// The project overview: the form of named fields that describes a project.
+/// @file
+/// The project overview: the form of named fields that describes a project.
 #pragma once
 
 #include "QsUtils/platform/Api.h"
 #include "QsUtils/text/CString.h"
 
+/// The overview of a project. See docs/config-data.md.
 namespace QS_ProjectOverView {
 
 /// One field of the overview. Names in backticks are those of its attributes in files.

@@ -1,4 +1,5 @@
-// Where the folders of an installation lie: three services, one for each source of folders.
+/// @file
+/// Where the folders of an installation lie: three services, one for each source of folders.
 #pragma once
 
 #include "QsUtils/directory/LibraryKey.h"

@@ -1,4 +1,5 @@
-// A place in the tree of cost libraries.
+/// @file
+/// A place in the tree of cost libraries.
 #pragma once
 
 #include "QsUtils/text/CString.h"

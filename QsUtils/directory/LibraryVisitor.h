@@ -1,12 +1,13 @@
-// What a companion module answers: the contract between this library and `LibraryConfigVisitor`, which knows
-// the layout and the contents of the cost libraries of an installation. The author of a companion needs this
-// header and the standard library, nothing else.
-//
-// The companion is loaded at run time from the folder that `DirectoryConfig.xml` gives under "LibVisitor". It
-// is built with the same family of compiler as this library, since texts cross the boundary as
-// `std::wstring`. Every pointer that it hands out stays its own and is good until it is unloaded. It is
-// called from whatever thread a host calls from, one call at a time, so that one object may answer for all
-// sections. It may call the library back. No exception may leave it.
+/// @file
+/// What a companion module answers: the contract between this library and `LibraryConfigVisitor`, which knows
+/// the layout and the contents of the cost libraries of an installation. The author of a companion needs this
+/// header and the standard library, nothing else.
+///
+/// The companion is loaded at run time from the folder that `DirectoryConfig.xml` gives under "LibVisitor".
+/// It is built with the same family of compiler as this library, since texts cross the boundary as
+/// `std::wstring`. Every pointer that it hands out stays its own and is good until it is unloaded. It is
+/// called from whatever thread a host calls from, one call at a time, so that one object may answer for all
+/// sections. It may call the library back. No exception may leave it.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// Quantity formulas: from text to a tree of nodes, and to a value.
+/// @file
+/// Quantity formulas: from text to a tree of nodes, and to a value.
 #pragma once
 
 #include <cstdint>
@@ -6,6 +7,7 @@
 #include "QsUtils/platform/Api.h"
 #include "QsUtils/text/CString.h"
 
+/// The analyser of formulas, its trees, and the values that tell nodes apart. See docs/expressions.md.
 namespace ExpressionAnalyse {
 
 /// What a node stands for; the values of `IExpressionNode::IsNodeType`.

@@ -1,4 +1,5 @@
-// How long a piece of work takes, told to the log.
+/// @file
+/// How long a piece of work takes, told to the log.
 #pragma once
 
 #include <cstdint>

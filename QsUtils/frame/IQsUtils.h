@@ -1,4 +1,5 @@
-// IQsUtils, the first of the two facades.
+/// @file
+/// IQsUtils, the first of the two facades.
 #pragma once
 
 #include <list>

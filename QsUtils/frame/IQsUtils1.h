@@ -1,4 +1,5 @@
-// IQsUtils1, the second of the two facades.
+/// @file
+/// IQsUtils1, the second of the two facades.
 #pragma once
 
 #include <cstddef>

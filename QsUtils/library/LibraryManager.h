@@ -1,4 +1,5 @@
-// What cost libraries an installation has, and where their files are.
+/// @file
+/// What cost libraries an installation has, and where their files are.
 #pragma once
 
 #include <cstdint>
@@ -16,6 +17,7 @@ struct LibraryEntryInfo {
     CString FirstItemTag;  ///< empty when the library belongs to no item
 };
 
+/// The catalogue of an installation's cost libraries. See docs/libraries.md.
 namespace LibraryManager {
 
 /// Answers from the folders on disk and from the companion module, anew at each call: nothing is kept, so

@@ -1,4 +1,5 @@
-// The identity of a material.
+/// @file
+/// The identity of a material.
 #pragma once
 
 #include "QsUtils/text/CString.h"

@@ -1,5 +1,6 @@
-// Points and rectangles of the screen. On Windows they are the system's own; elsewhere the names and the
-// layout are the same.
+/// @file
+/// Points and rectangles of the screen. On Windows they are the system's own; elsewhere the names and the
+/// layout are the same.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +14,7 @@ struct tagPOINT {
     std::int32_t x;  ///< from the left
     std::int32_t y;  ///< from above
 };
-using POINT = tagPOINT;
+using POINT = tagPOINT;  ///< by the system's name
 
 /// A rectangle; `right` and `bottom` aren't in it any more.
 struct tagRECT {
@@ -22,7 +23,7 @@ struct tagRECT {
     std::int32_t right;   ///< behind it
     std::int32_t bottom;  ///< below it
 };
-using RECT = tagRECT;
+using RECT = tagRECT;  ///< by the system's name
 #endif
 
 /// A `RECT` that knows its size; empty at first. Nothing checks that its sides are in order: a rectangle

@@ -1,4 +1,5 @@
-// A lock that its owner may take again: contract.
+/// @file
+/// A lock that its owner may take again: contract.
 #pragma once
 
 #include <atomic>

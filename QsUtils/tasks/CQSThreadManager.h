@@ -1,4 +1,5 @@
-// Tasks on threads of their own, so many at a time.
+/// @file
+/// Tasks on threads of their own, so many at a time.
 #pragma once
 
 #include <atomic>

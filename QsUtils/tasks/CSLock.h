@@ -1,4 +1,5 @@
-// The lock of the task threads, and its scoped form.
+/// @file
+/// The lock of the task threads, and its scoped form.
 #pragma once
 
 #include "QsUtils/platform/Api.h"

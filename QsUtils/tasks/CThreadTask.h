@@ -1,4 +1,5 @@
-// A task that a manager runs on a thread of its own.
+/// @file
+/// A task that a manager runs on a thread of its own.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// Who hears of the end of tasks.
+/// @file
+/// Who hears of the end of tasks.
 #pragma once
 
 #include "QsUtils/platform/Api.h"

@@ -1,4 +1,5 @@
-// The framework's exception: an invalid argument, an index out of range, or memory that can't be had.
+/// @file
+/// The framework's exception: an invalid argument, an index out of range, or memory that can't be had.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// CString, the text of every exported signature: a counted sequence of UTF-16 code units.
+/// @file
+/// CString, the text of every exported signature: a counted sequence of UTF-16 code units.
 #pragma once
 
 #include <compare>

@@ -1,4 +1,5 @@
-// The two arrays that exported signatures use.
+/// @file
+/// The two arrays that exported signatures use.
 #pragma once
 
 #include <vector>

@@ -1,5 +1,6 @@
-// The text tip: a small window above a point of the screen, for a text that is longer than the place where it
-// stands.
+/// @file
+/// The text tip: a small window above a point of the screen, for a text that is longer than the place where
+/// it stands.
 #pragma once
 
 #include "QsUtils/platform/Api.h"

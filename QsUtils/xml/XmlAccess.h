@@ -1,4 +1,5 @@
-// XML files, as documents and as plain trees.
+/// @file
+/// XML files, as documents and as plain trees.
 #pragma once
 
 #include <cstdint>
@@ -15,6 +16,7 @@ class DOMDocument;
 class DOMElement;
 }  // namespace xercesc_3_2
 
+/// The tool through which documents go. See docs/xml.md.
 namespace NS_XMLACCESS {
 
 /// Opens one XML file at a time, keeps its document, reads and writes attributes, and writes the document
