@@ -204,8 +204,8 @@ public:
     /// The working copy of a project stands below "tempfile\" beside the executable.
     /// `strProjectFile` is the full path of the project file; beside it stand the database, with the
     /// extension ".mdb", and the folder of graphics, without any. Nothing tells of a failure; docs/backup.md
-    /// says what is whole then. Projects of one file name share one place, in which one call is made after
-    /// another.
+    /// says what is whole then. Projects of one file name share one place, which is for one call at a
+    /// time.
     /// @{
 
     /// The project's folder in the backup, which is made; empty when the executable's folder isn't known.
