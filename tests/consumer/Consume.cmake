@@ -8,7 +8,8 @@
 #   SUFFIX    what the name of a program ends in
 #   TOOLCHAIN and EMULATOR   those of a build for another system, else empty
 # In place of SOURCE the program may stand in a document, so that what people read is what was tried:
-#   DOCUMENT  the document, with blocks labelled HOST/main.cpp, `host/CMakeLists.txt` and `HOST: output`
+#   DOCUMENT  the document, with blocks labelled `HOST/main.cpp` and `HOST: output`
+#   LISTS     the document with a block `host/CMakeLists.txt`
 #   HOST      which of its hosts
 #   ARGUMENTS what the host is given; paths begin in the installed tree
 include(${CMAKE_CURRENT_LIST_DIR}/Document.cmake)
@@ -37,7 +38,7 @@ if(DOCUMENT)
     set(SOURCE ${WORK}/source)
     read_block(text ${DOCUMENT} ${HOST}/main.cpp)
     file(WRITE ${SOURCE}/main.cpp "${text}")
-    read_block(text ${DOCUMENT} host/CMakeLists.txt)
+    read_block(text ${LISTS} host/CMakeLists.txt)
     file(WRITE ${SOURCE}/CMakeLists.txt "${text}")
     read_block(expected ${DOCUMENT} "${HOST}: output")
 endif()
