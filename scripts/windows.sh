@@ -158,19 +158,10 @@ prepare_wine_with_screen() {
         QSUTILS_SCREEN=none in_wine wineserver --wait && touch "$second.ready"
 }
 
-# Starts a screen that no machine stands behind, and Wine with it, for programs run with `under-wine --screen`.
+# Starts a screen, and Wine with it, for programs run with `under-wine --screen`.
 start_screen() {
-    local told
-    told=$(mktemp) || return
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -dpi 96 -noreset -nolisten tcp 3>"$told" >/dev/null 2>&1 </dev/null &
-    screen_process=$!
-    until [[ -s $told ]]; do
-        kill -0 "$screen_process" 2>/dev/null || return
-        sleep 0.1
-    done
-    QSUTILS_SCREEN=:$(<"$told")
-    export QSUTILS_SCREEN
-    rm -f "$told"
+    start_display 1280x1024 || return
+    export QSUTILS_SCREEN=$QSUTILS_DISPLAY
     stop_wine >/dev/null 2>&1  # one that was left behind is bound to a screen that has gone
     start_wine 600
 }
@@ -178,7 +169,7 @@ start_screen() {
 stop_screen() {
     stop_wine
     unset QSUTILS_SCREEN
-    kill "$screen_process" && wait "$screen_process" 2>/dev/null
+    stop_display
 }
 
 # start_wine SECONDS: starts what Wine keeps running beside the programs, until so long after the last of them. Started by

@@ -4,6 +4,8 @@
 #include <QMainWindow>
 #include <functional>
 
+#include <QsUtils/QsUtils.h>
+
 #include "BillTable.h"
 
 namespace Desktop {

@@ -18,21 +18,26 @@ namespace {
 
 /// For windows to appear and to be painted.
 constexpr int Pause = 700;
-/// Around a window, for what stands over its edge.
-constexpr int Margin = 8;
+/// What of the bill's window is in the picture of its tip.
+constexpr QRect AroundTip(0, 0, 700, 200);
 
 void Later(const std::function<void()>& step) {
     QTimer::singleShot(Pause, step);
 }
 
 /// What the screen shows there; so what lies on a window is in the picture.
-void Save(const QWidget& window, const QString& path) {
-    const QRect area = window.frameGeometry().adjusted(-Margin, -Margin, Margin, Margin);
+void Save(const QWidget& window, const QRect& part, const QString& path) {
+    const QRect area = part.translated(window.frameGeometry().topLeft());
     window.screen()->grabWindow(0, area.x(), area.y(), area.width(), area.height()).save(path, "PNG");
 }
 
 QWidget* Dialog() {
     return QApplication::activeModalWidget();
+}
+
+void SaveDialog(const QString& path) {
+    const QSize size = Dialog()->frameGeometry().size();
+    Save(*Dialog(), QRect(QPoint(), size), path);
 }
 
 }  // namespace
@@ -42,19 +47,22 @@ void TakeScreenshots(MainWindow& window, const QString& folder) {
     const auto browser = [&window, file] {
         Later([file] {
             auto& tree = *Dialog()->findChild<QTreeView*>();
-            tree.setCurrentIndex(
-                static_cast<QFileSystemModel*>(tree.model())->index(QStringLiteral("/usr/share/fonts")));
-            Later([file] {
-                Save(*Dialog(), file("browser.png"));
-                Dialog()->close();
-                QCoreApplication::quit();
+            const auto& folders = *static_cast<QFileSystemModel*>(tree.model());
+            tree.setCurrentIndex(folders.index(QStringLiteral("/usr/share/fonts")));
+            Later([file, &tree] {
+                tree.scrollTo(tree.currentIndex(), QAbstractItemView::PositionAtCenter);
+                Later([file] {
+                    SaveDialog(file("browser.png"));
+                    Dialog()->close();
+                    QCoreApplication::quit();
+                });
             });
         });
         window.Entry("folder")->trigger();
     };
     const auto message = [file, browser] {
         Later([file, browser] {
-            Save(*Dialog(), file("message.png"));
+            SaveDialog(file("message.png"));
             Dialog()->close();
             Later([browser] {
                 Dialog()->close();
@@ -67,7 +75,7 @@ void TakeScreenshots(MainWindow& window, const QString& folder) {
         Later([file, message] {
             Dialog()->findChild<QTableView*>()->selectRow(0);
             Later([file, message] {
-                Save(*Dialog(), file("picker.png"));
+                SaveDialog(file("picker.png"));
                 Dialog()->findChild<QTableView*>()->clearSelection();
                 message();
             });
@@ -77,7 +85,7 @@ void TakeScreenshots(MainWindow& window, const QString& folder) {
     Later([&window, file, picker] {
         window.Table().ShowTip(1, 1);
         Later([&window, file, picker] {
-            Save(window, file("tip.png"));
+            Save(window, AroundTip, file("tip.png"));
             texttip::CloseWindowNow();
             picker();
         });

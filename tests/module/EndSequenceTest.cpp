@@ -18,6 +18,9 @@ void Remove(std::string& text, const std::string& part) {
 
 ProgramResult RunHost(const char* host, const char* mode, bool xmlFails = false) {
     ProgramCall call{host, {mode}, {}, {}};
+#if defined(PROBED_VIEWS)
+    call.environment.emplace_back("QT_QPA_PLATFORM", "offscreen");  // no display, no views
+#endif
     if (xmlFails)
         call.environment.emplace_back(EventProbe::failingXml, "1");
     ProgramResult result = RunProgram(call);

@@ -7,8 +7,9 @@
 
 namespace QsUi::ViewsModule {
 
-/// Beside the library.
-inline constexpr std::u16string_view FileName = u"QsUtilsQt.so";
+/// Below the folder of the library. No program is ever linked with it, so it doesn't lie among those that
+/// are; and another major version of the library may have its own.
+inline constexpr std::u16string_view FileName = u"qsutils-1\\QsUtilsQt.so";
 
 /// Grows with every change of the contract in Views.h.
 inline constexpr int Version = 1;

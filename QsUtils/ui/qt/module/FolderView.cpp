@@ -57,7 +57,7 @@ FolderView::FolderView(const QsUi::FolderBrowseInfo& info, QWidget* parent)
 }
 
 void FolderView::MakeTree() {
-    m_folders.setOption(QFileSystemModel::DontUseCustomDirectoryIcons);
+    m_folders.setIconProvider(&m_icons);
     m_folders.setFilter(QDir::Dirs | QDir::Drives | QDir::NoDotAndDotDot);
     m_folders.setRootPath(QDir::rootPath());
     m_tree->setModel(&m_folders);

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "QsUtils/ui/Views.h"
+#include "QsUtils/ui/qt/module/FolderIcons.h"
 
 class QLabel;
 class QPushButton;
@@ -35,6 +36,7 @@ private:
     void Initialize();
 
     const QsUi::FolderBrowseInfo& m_info;
+    FolderIcons m_icons;
     QFileSystemModel m_folders;
     QTreeView* m_tree;
     QLabel* m_status;

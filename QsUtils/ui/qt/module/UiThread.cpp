@@ -36,6 +36,8 @@ public:
     TokenHolder(std::shared_ptr<Awaited> token, QObject* parent)
         : QObject(parent), m_token(std::move(token)) {}
 
+    const std::shared_ptr<Awaited>& Token() const { return m_token; }
+
 private:
     std::shared_ptr<Awaited> m_token;
 };
@@ -45,14 +47,28 @@ bool IsCurrent() {
 }
 
 /// Has work done on the thread of the windows, and waits until everything that holds the token has let it go.
+/// Work that hasn't begun when the application quits is dropped: nothing runs its events any more, while it
+/// may wait for the caller itself.
 void RunElsewhere(const std::function<void(const std::shared_ptr<Awaited>&)>& work) {
     QSemaphore end;
+    QMetaObject::Connection quitting;
     {
-        const auto token = std::make_shared<Awaited>(end);
+        // Touched by the thread of the windows alone from now on; without its token the work is dropped.
+        const auto request = std::make_shared<std::shared_ptr<Awaited>>(std::make_shared<Awaited>(end));
+        QCoreApplication* const application = QCoreApplication::instance();
+        quitting = QObject::connect(
+            application, &QCoreApplication::aboutToQuit, application, [request] { request->reset(); },
+            Qt::DirectConnection);
         QMetaObject::invokeMethod(
-            QCoreApplication::instance(), [&work, token] { work(token); }, Qt::QueuedConnection);
+            application,
+            [&work, request] {
+                if (const std::shared_ptr<Awaited> token = std::exchange(*request, nullptr))
+                    work(token);
+            },
+            Qt::QueuedConnection);
     }
     end.acquire();
+    QObject::disconnect(quitting);
 }
 
 QWidget* Parent() {
@@ -115,15 +131,22 @@ bool RunDialog(const std::function<QDialog*(QWidget* parent)>& make,
     }
     RunElsewhere([&](const std::shared_ptr<Awaited>& token) {
         QDialog* const dialog = Make(make);
-        new TokenHolder(token, dialog);
+        TokenHolder* const holder = new TokenHolder(token, dialog);
         QObject::connect(dialog, &QDialog::accepted, dialog, [&, dialog] {
             isAccepted = true;
             read(*dialog);
         });
-        // The caller goes on when the dialog is wholly gone, and may end the process at once.
-        QObject::connect(dialog, &QDialog::finished, dialog, [token, closed = QPointer<QDialog>(dialog)] {
+        // The caller goes on when the dialog is wholly gone, and may end the process at once. Until then the
+        // dialog alone holds the token, since it may go with the application instead.
+        QObject::connect(dialog, &QDialog::finished, dialog, [closed = QPointer<QDialog>(dialog), holder] {
             QMetaObject::invokeMethod(
-                QCoreApplication::instance(), [token, closed] { delete closed.data(); },
+                QCoreApplication::instance(),
+                [closed, holder] {
+                    if (closed.isNull())
+                        return;
+                    const std::shared_ptr<Awaited> last = holder->Token();
+                    delete closed.data();
+                },
                 Qt::QueuedConnection);
         });
         // When the application ends nothing runs its events any more, and the caller would wait for ever.

@@ -139,8 +139,8 @@ int wmain(int count, wchar_t** arguments) {
     ::InitCommonControlsEx(&classes);
     IQsUtils::SetSoftVersion(u"7.1");
     const std::wstring folder = std::wstring(arguments[1]) + L"\\";
-    const bool isSaved = SaveTip(folder + L"tip-windows.png") && SavePicker(folder + L"picker-windows.png") &&
-                         SaveFolderBrowser(folder + L"folder-browser-windows.png");
+    const bool isSaved = SaveTip(folder + L"tip.png") && SavePicker(folder + L"picker.png") &&
+                         SaveFolderBrowser(folder + L"browser.png");
     Gdiplus::GdiplusShutdown(token);
     return isSaved ? 0 : 1;
 }

@@ -18,7 +18,7 @@
 #include "QsUtils/ui/qt/module/PickerView.h"
 #include "QsUtils/ui/qt/module/QtViews.h"
 
-#include "tests/views/Robot.h"
+#include "tests/ui/qt/Robot.h"
 
 namespace {
 

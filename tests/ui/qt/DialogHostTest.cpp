@@ -211,30 +211,33 @@ protected:
         return RunPlain(std::move(actions), environment);
     }
 
+    std::filesystem::path ViewsModule() const { return m_root.File("qsutils-1/QsUtilsQt.so"); }
+
     TemporaryFolder m_root;
 };
 
 TEST_F(MovedLibrary, WithoutItsModuleDialogsAnswerAsIfCancelled) {
     const ProgramResult result = Run({"tip", "fee", "folder", "qt"});
     const std::string missing =
-        "QsUtils: no dialog can be shown: " + m_root.File("QsUtilsQt.so").string() + " can't be loaded.\n";
+        "QsUtils: no dialog can be shown: " + ViewsModule().string() + " can't be loaded.\n";
     EXPECT_EQ(result.out, "longer: 0\nfee: []\nfolder: []\nno Qt\n");
     EXPECT_EQ(result.err, missing + missing + missing);
     EXPECT_EQ(result.status, 0);
 }
 
-TEST_F(MovedLibrary, TheModuleIsFoundBesideIt) {
-    std::filesystem::copy_file(QT_VIEWS_MODULE, m_root.File("QsUtilsQt.so"));
+TEST_F(MovedLibrary, TheModuleIsFoundBelowItsFolder) {
+    std::filesystem::create_directory(ViewsModule().parent_path());
+    std::filesystem::copy_file(QT_VIEWS_MODULE, ViewsModule());
     const ProgramResult result = Run({"tip", "qt"});
     EXPECT_EQ(result.out, "longer: 1\nQt is there\n");
     EXPECT_EQ(result.err, "");
 }
 
 TEST_F(MovedLibrary, AModuleOfAnotherKindIsNone) {
-    m_root.Write("QsUtilsQt.so", "no module");
+    m_root.Write("qsutils-1/QsUtilsQt.so", "no module");
     EXPECT_EQ(Run({"fee"}).out, "fee: []\n");
-    std::filesystem::remove(m_root.File("QsUtilsQt.so"));
-    std::filesystem::copy_file(std::filesystem::canonical(QSUTILS_MODULE), m_root.File("QsUtilsQt.so"));
+    std::filesystem::remove(ViewsModule());
+    std::filesystem::copy_file(std::filesystem::canonical(QSUTILS_MODULE), ViewsModule());
     const ProgramResult result = Run({"fee"});
     EXPECT_EQ(result.out, "fee: []\n");
     EXPECT_EQ(result.err,

@@ -11,7 +11,7 @@
 
 #include <QsUtils/QsUtils.h>
 
-#include "tests/views/Robot.h"
+#include "tests/ui/qt/Robot.h"
 
 namespace {
 

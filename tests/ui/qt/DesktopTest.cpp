@@ -12,7 +12,7 @@
 
 #include "BillFile.h"
 #include "MainWindow.h"
-#include "tests/views/Robot.h"
+#include "tests/ui/qt/Robot.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "tests/views/Robot.h"
+#include "tests/ui/qt/Robot.h"
 
 #include <QApplication>
 #include <QDialog>

@@ -12,7 +12,7 @@
 #include "QsUtils/ui/qt/module/QtViews.h"
 
 #include "tests/support/TemporaryFolder.h"
-#include "tests/views/Robot.h"
+#include "tests/ui/qt/Robot.h"
 
 namespace {
 
