@@ -2,10 +2,15 @@
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-install(TARGETS QsUtils EXPORT QsUtilsTargets FILE_SET HEADERS)
+install(TARGETS QsUtils EXPORT QsUtilsTargets
+    RUNTIME COMPONENT runtime
+    LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+    ARCHIVE COMPONENT development
+    FILE_SET HEADERS COMPONENT development)
 if(TARGET QsUtilsQt)  # a host never links it, and so it isn't described
-    install(TARGETS QsUtilsQt LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/qsutils-1)
+    install(TARGETS QsUtilsQt LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/qsutils-1 COMPONENT dialogs)
 endif()
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development)
 install(EXPORT QsUtilsTargets NAMESPACE QsUtils:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/QsUtils)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/QsUtilsConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_SOURCE_DIR}/cmake/QsUtilsConfig.cmake ${PROJECT_BINARY_DIR}/QsUtilsConfigVersion.cmake
@@ -27,3 +32,6 @@ else()
 endif()
 configure_file(${PROJECT_SOURCE_DIR}/cmake/QsUtils.pc.in ${PROJECT_BINARY_DIR}/QsUtils.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/QsUtils.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+# All that follows in the tree are programs and what belongs to them.
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME tools)

@@ -171,12 +171,18 @@ check_tidy() {
 }
 
 check_scripts() {
-    (cd "$root" && shellcheck -x run.sh test.sh .ci/run scripts/*.sh scripts/under-wine scripts/screenshots \
-        scripts/windows-screenshots)
+    (cd "$root" && shellcheck -x run.sh test.sh .ci/run scripts/*.sh scripts/under-wine scripts/package scripts/screenshots \
+        scripts/try-packages scripts/windows-screenshots)
 }
 
 check_reference() {
     (cd "$root" && cmake --preset lint >/dev/null </dev/null && cmake --build build/lint --target docs </dev/null)
+}
+
+run_packages() {
+    check "the packages are made" "$root/scripts/package"
+    check "lintian" lintian --fail-on error "$root"/build/packages/*.deb
+    check "the packages work in a bare Debian" "$root/scripts/try-packages"
 }
 
 run_lint() {

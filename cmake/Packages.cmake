@@ -1,0 +1,16 @@
+# What `cpack` makes of an installed tree: Debian packages, and one archive for Windows. The preset `packages` lays the tree
+# out as Debian has it; scripts/package does all of it.
+set(CPACK_PACKAGE_NAME qsutils)
+set(CPACK_PACKAGE_VENDOR "The QsUtils developers")
+set(CPACK_PACKAGE_CONTACT "The QsUtils developers <qsutils@users.noreply.github.com>")
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_VERBATIM_VARIABLES ON)
+if(WIN32)
+    set(CPACK_GENERATOR ZIP)
+    set(CPACK_PACKAGE_FILE_NAME qsutils-${PROJECT_VERSION}-windows-x64)
+    install(FILES LICENSE README.md README.zh-CN.md CHANGELOG.md DESTINATION .)
+else()
+    include(cmake/DebianPackages.cmake)
+endif()
+include(CPack)
