@@ -9,18 +9,18 @@ source "$(dirname "${BASH_SOURCE[0]}")/scripts/common.sh"
 source "$root/scripts/windows.sh"
 
 estimate=("$root/build/release/installation/estimate")
-preset=release groups=(build)
+preset=release groups=(build) targets=(installation QsUtilsQt)
 if [[ ${1:-} == --windows ]]; then
     shift
     estimate=("$root/scripts/under-wine" "$root/build/windows/installation/estimate.exe")
-    preset=windows groups=(build windows)
+    preset=windows groups=(build windows) targets=(installation)
 fi
 
 # What the build says goes to standard error, so that the priced bill can be piped on.
 {
     install_packages "${groups[@]}"
     [[ $preset == release ]] || prepare_windows
-    build "$preset" installation
+    build "$preset" "${targets[@]}"
     [[ $preset == release ]] || start_wine 1
 } >&2
 "${estimate[@]}" price "$root/samples/bill.csv" --vars "$root/samples/variables.csv" \
