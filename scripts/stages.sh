@@ -171,8 +171,8 @@ check_tidy() {
 }
 
 check_scripts() {
-    (cd "$root" && shellcheck -x run.sh test.sh .ci/run scripts/*.sh scripts/under-wine scripts/package scripts/screenshots \
-        scripts/try-packages scripts/windows-screenshots)
+    (cd "$root" && shellcheck -x run.sh test.sh .ci/run scripts/*.sh scripts/list-exports scripts/package \
+        scripts/screenshots scripts/try-packages scripts/under-wine scripts/windows-screenshots)
 }
 
 check_reference() {

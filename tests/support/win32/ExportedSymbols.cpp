@@ -1,21 +1,8 @@
 #include "tests/support/ExportedSymbols.h"
 
-#include <cstdlib>
-#include <memory>
+#include <cstddef>
 
 #include <windows.h>
-#include <cxxabi.h>
-
-namespace {
-
-std::string Demangled(const char* symbol) {
-    int status = -1;
-    const std::unique_ptr<char, decltype(&std::free)> name(
-        abi::__cxa_demangle(symbol, nullptr, nullptr, &status), std::free);
-    return status == 0 ? name.get() : symbol;
-}
-
-}  // namespace
 
 // The export table of the module as it lies in memory. No symbol of this system is bound for a whole process.
 std::vector<ExportedSymbol> ExportedSymbols(const std::filesystem::path& module) {
@@ -29,8 +16,10 @@ std::vector<ExportedSymbol> ExportedSymbols(const std::filesystem::path& module)
     const DWORD place = image->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT].VirtualAddress;
     const auto* const table = reinterpret_cast<const IMAGE_EXPORT_DIRECTORY*>(base + place);
     const auto* const names = reinterpret_cast<const DWORD*>(base + table->AddressOfNames);
-    for (DWORD i = 0; i < table->NumberOfNames; ++i)
-        symbols.push_back({Demangled(reinterpret_cast<const char*>(base + names[i])), false});
+    for (DWORD i = 0; i < table->NumberOfNames; ++i) {
+        const std::string symbol = reinterpret_cast<const char*>(base + names[i]);
+        symbols.push_back({symbol, Demangled(symbol), false});
+    }
     ::FreeLibrary(handle);
     return symbols;
 }
