@@ -1,5 +1,5 @@
-// The two facts about the system that every public header needs: how a symbol crosses the module's
-// boundary, and what the unit of a text is called on this system.
+/* The two facts about the system that every public header needs: how a symbol crosses the module's boundary,
+   and what the unit of a text is called on this system. Compiles as C, too. */
 #pragma once
 
 #if defined(_WIN32)
@@ -14,6 +14,7 @@
 #define QSUTILS_API __attribute__((visibility("default")))
 #endif
 
+#if defined(__cplusplus)
 namespace QsPlatform {
 
 /// The 16-bit unit in which hosts on this system write wide text: the type of `CString::XCHAR`.
@@ -24,3 +25,4 @@ using TextUnit = char16_t;
 #endif
 
 }  // namespace QsPlatform
+#endif
