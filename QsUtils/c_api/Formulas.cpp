@@ -40,13 +40,10 @@ QsStatus QsFindVariable(const QsChar* text, std::int32_t length, std::int32_t un
                         std::int32_t* found) {
     return Call(
         [&] {
-            // What the list holds is only asked for where it counts.
-            auto all =
-                unique != 0 ? QsCApi::Copied<std::list<CString>>(Checked(variables)) : std::list<CString>();
-            const auto held = all.size();
+            // What the list holds counts with and without `unique`.
+            auto all = QsCApi::Copied<std::list<CString>>(Checked(variables));
             const bool isFound = IQsUtils::FindVariable(TextOf(text, length), all, unique != 0);
-            all.erase(all.begin(), std::next(all.begin(), static_cast<std::ptrdiff_t>(held)));
-            QsCApi::Append(Checked(variables), all);
+            QsCApi::Replace(*variables, all);
             *found = isFound;
         },
         found);

@@ -21,8 +21,8 @@ static void CheckListings(void) {
     CHECK(IsList(list, "房屋建筑与装饰工程2013.qdx|通用安装工程2013.qdx"));
     OK(QsTextList_Clear(list));
     OK(QsLibraryManager_GetQuotaLibraryNames(FAMILY, SECTION, T("通用安装工程"), list));
-    CHECK(IsList(list, "北京2012通用安装"));
-    TEXT("墨衡", QsLibraryManager_GetFamilyDisplayName(FAMILY, &theText));
+    CHECK(IsList(list, "通用安装工程预算定额(2012)"));
+    TEXT("北京", QsLibraryManager_GetFamilyDisplayName(FAMILY, &theText));
     QsTextList_Free(list);
 }
 
@@ -73,7 +73,7 @@ static void CheckRules(void) {
     OK(QsTextMap_Clear(paths));
     OK(QsLibraryManager_GetQuotaLibraries(FAMILY, paths));
     OK(QsTextMap_Count(paths, &count));
-    CHECK(count == 3);
+    CHECK(count == 4);
     QsRuleMap_Free(rules);
     QsTextMap_Free(paths);
     QsTextList_Free(names);
@@ -88,11 +88,11 @@ static void CheckEntries(void) {
     OK(QsLibraryManager_GetQuotaLibraryEntries(FAMILY, entries, &isGood));
     CHECK(isGood == 1);
     OK(QsLibraryEntryList_Count(entries, &length));
-    CHECK(length == 3);
+    CHECK(length == 4);
     OK(QsLibraryEntryList_Get(entries, 1, QS_LIBRARY_NAME, &units, &length));
     CHECK(AreUnits(units, length, "北京2012通用安装"));
     OK(QsLibraryEntryList_Get(entries, 1, QS_LIBRARY_FILE, &units, &length));
-    CHECK(AreUnits(units, length, "通用安装2012.dex"));
+    CHECK(AreUnits(units, length, "通用安装工程预算定额(2012)"));
     OK(QsLibraryEntryList_Get(entries, 1, QS_LIBRARY_FIRST_ITEM_TAG, &units, &length));
     CHECK(AreUnits(units, length, "AZ"));
     STATUS(QS_INVALID_ARGUMENT, QsLibraryEntryList_Get(entries, 1, 3, &units, &length));

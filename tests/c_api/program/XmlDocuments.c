@@ -63,7 +63,7 @@ void CheckXmlDocuments(void) {
     OK(QsXmlTool_LoadXmlFile(tool, T("none.xml"), &isDone));
     CHECK(isDone == 0);
     OK(QsXmlTool_GetLastErrorText(tool, &theText));
-    CHECK(!IsText(theText, ""));
+    CHECK(EndsWith(theText, "'none.xml'"));
     STATUS(QS_NOT_FOUND, QsXmlTool_GetRootElement(tool, &root));
     OK(QsXmlTool_LoadXmlFile(tool, T("document.xml"), &isDone));
     CHECK(isDone == 1);
