@@ -17,6 +17,7 @@
 #include "QsUtils/c_api/Basics.h"
 #include "QsUtils/c_api/Codes.h"
 #include "QsUtils/c_api/Configuration.h"
+#include "QsUtils/c_api/Dialogs.h"
 #include "QsUtils/c_api/Directories.h"
 #include "QsUtils/c_api/Files.h"
 #include "QsUtils/c_api/Formulas.h"

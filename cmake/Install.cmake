@@ -3,6 +3,9 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 install(TARGETS QsUtils EXPORT QsUtilsTargets FILE_SET HEADERS)
+if(TARGET QsUtilsQt)  # a host never links it, and so it isn't described
+    install(TARGETS QsUtilsQt LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/qsutils-1)
+endif()
 install(EXPORT QsUtilsTargets NAMESPACE QsUtils:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/QsUtils)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/QsUtilsConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_SOURCE_DIR}/cmake/QsUtilsConfig.cmake ${PROJECT_BINARY_DIR}/QsUtilsConfigVersion.cmake

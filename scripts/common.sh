@@ -64,3 +64,24 @@ build() {
     (cd "$root" && cmake --preset "$preset" >/dev/null </dev/null &&
         "${launcher[@]}" cmake --build --preset "$preset" --parallel "$(nproc)" "${targets[@]}" </dev/null)
 }
+
+# start_display WIDTHxHEIGHT: a screen that no machine stands behind; `QSUTILS_DISPLAY` names it then.
+start_display() {
+    local told
+    told=$(mktemp) || return
+    Xvfb -displayfd 3 -screen 0 "$1x24" -dpi 96 -noreset -nolisten tcp 3>"$told" >/dev/null 2>&1 </dev/null &
+    display_process=$!
+    until [[ -s $told ]]; do
+        kill -0 "$display_process" 2>/dev/null || return
+        sleep 0.1
+    done
+    QSUTILS_DISPLAY=:$(<"$told")
+    export QSUTILS_DISPLAY
+    rm -f "$told"
+}
+
+stop_display() {
+    [[ -n ${display_process:-} ]] || return 0
+    kill "$display_process" 2>/dev/null && wait "$display_process" 2>/dev/null
+    display_process=
+}

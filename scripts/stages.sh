@@ -101,7 +101,9 @@ run_windows_tests() {
         return
     fi
     start_wine 600
+    start_screen || say "There is no screen for the tests of dialogs."
     run_tests windows
+    [[ -z ${QSUTILS_SCREEN:-} ]] || stop_screen
     for form in text json csv; do
         check "the sample is priced alike on both systems, as $form" is_priced_alike "$form"
     done
@@ -169,7 +171,8 @@ check_tidy() {
 }
 
 check_scripts() {
-    (cd "$root" && shellcheck -x run.sh test.sh .ci/run scripts/*.sh scripts/under-wine)
+    (cd "$root" && shellcheck -x run.sh test.sh .ci/run scripts/*.sh scripts/under-wine scripts/screenshots \
+        scripts/windows-screenshots)
 }
 
 run_lint() {

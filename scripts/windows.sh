@@ -106,10 +106,15 @@ prepare_windows_dependencies() {
     mkdir -p "$root/build" && ln -sfn "$target" "$root/build/windows-dependencies"
 }
 
-# in_wine COMMAND...: with a prefix and a Chinese locale of its own, no screen, and no questions about components that
-# it doesn't use.
+# in_wine COMMAND...: with a prefix and a Chinese locale of its own, and no questions about components that it doesn't
+# use. Without a screen, unless QSUTILS_SCREEN names one; programs with and without a screen don't meet.
 in_wine() {
-    env -u DISPLAY WINEPREFIX="$windows_cache/wine" LOCPATH="$windows_cache/locale" LC_ALL=zh_CN.UTF-8 \
+    local display=(-u DISPLAY) prefix=$windows_cache/wine
+    if [[ -n ${QSUTILS_SCREEN:-} ]]; then
+        display=("DISPLAY=$QSUTILS_SCREEN")
+        prefix=$windows_cache/wine-screen
+    fi
+    env "${display[@]}" WINEPREFIX="$prefix" LOCPATH="$windows_cache/locale" LC_ALL=zh_CN.UTF-8 \
         WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" "$@"
 }
 
@@ -127,6 +132,46 @@ prepare_wine() {
         touch "$windows_cache/wine.ready"
 }
 
+# Titles and frames are Wine's own, since a screen without a machine has no window manager that would draw them and tell
+# when a window is gone; the signs on their buttons are letters of a font. Faces that Windows has in Chinese get those of
+# this machine.
+set_up_screen() {
+    local face user='HKEY_CURRENT_USER\Software\Wine' replacements
+    ln -s /usr/share/wine/fonts/marlett.ttf "$windows_cache/wine-screen/drive_c/windows/Fonts/" || return
+    replacements="$user\\Fonts\\Replacements"
+    in_wine wine reg add "$user\\X11 Driver" /v Managed /d N /f || return
+    for face in 宋体 SimSun; do
+        in_wine wine reg add "$replacements" /v "$face" /d 'AR PL UMing CN' /f || return
+    done
+    for face in 'Microsoft YaHei' 'MS Shell Dlg' 'MS Shell Dlg 2' Tahoma; do
+        in_wine wine reg add "$replacements" /v "$face" /d 文泉驿正黑 /f || return
+    done
+}
+
+# A second prefix for programs with a screen. What never changes in it is the first one's.
+prepare_wine_with_screen() {
+    local first=$windows_cache/wine second=$windows_cache/wine-screen
+    [[ $second.ready -nt $first.ready ]] && return
+    say "Making a Wine prefix with fonts in $second"
+    rm -rf "$second" && cp -al "$first" "$second" && rm "$second"/*.reg && cp "$first"/*.reg "$second" || return
+    QSUTILS_SCREEN=none set_up_screen >/dev/null 2>&1 </dev/null &&
+        QSUTILS_SCREEN=none in_wine wineserver --wait && touch "$second.ready"
+}
+
+# Starts a screen, and Wine with it, for programs run with `under-wine --screen`.
+start_screen() {
+    start_display 1280x1024 || return
+    export QSUTILS_SCREEN=$QSUTILS_DISPLAY
+    stop_wine >/dev/null 2>&1  # one that was left behind is bound to a screen that has gone
+    start_wine 600
+}
+
+stop_screen() {
+    stop_wine
+    unset QSUTILS_SCREEN
+    stop_display
+}
+
 # start_wine SECONDS: starts what Wine keeps running beside the programs, until so long after the last of them. Started by
 # a program itself, it would hold that program's output open for as long as it lives.
 start_wine() {
@@ -136,7 +181,7 @@ start_wine() {
 }
 
 prepare_windows() {
-    mkdir -p "$windows_cache" && prepare_windows_dependencies && prepare_wine
+    mkdir -p "$windows_cache" && prepare_windows_dependencies && prepare_wine && prepare_wine_with_screen
 }
 
 # Ends what Wine keeps running for the programs to come.

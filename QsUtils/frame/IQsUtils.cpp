@@ -12,7 +12,9 @@
 #include "QsUtils/text/NumberText.h"
 #include "QsUtils/text/Paths.h"
 #include "QsUtils/text/Segments.h"
+#include "QsUtils/ui/CFolderDialog.h"
 #include "QsUtils/ui/OpenBudgets.h"
+#include "QsUtils/ui/TemplatePaths.h"
 
 IQsUtils::IQsUtils() = default;
 IQsUtils::IQsUtils(const IQsUtils&) = default;
@@ -289,4 +291,41 @@ void IQsUtils::UpdateGraphicFileVer(CString const& strProjectFile) {
 
 void IQsUtils::OnNotSaveGraphicFile(CString const& strProjectFile) {
     CQSBackUpUtility(CString()).OnNotSaveGraphicFile(strProjectFile);
+}
+
+CString IQsUtils::GetProjectDbTemplate() {
+    return QsUi::GetProjectDbTemplate();
+}
+
+CString IQsUtils::GetZhengTiReport() {
+    return QsUi::GetZhengTiReport();
+}
+
+CString IQsUtils::GetFeeTemplatePath(const CString& family, const CString& section, bool isZeroVariant) {
+    return QsUi::PickTemplate(QsFrame::DialogToolkit().ForDialog(), QsUi::FeeSummary, family, section,
+                              isZeroVariant, 0);
+}
+
+CString IQsUtils::GetReportTemplatePath(const CString& family, const CString& section, int reportType) {
+    return QsUi::PickTemplate(QsFrame::DialogToolkit().ForDialog(), QsUi::Report, family, section, false,
+                              reportType);
+}
+
+CString IQsUtils::GetGfsjTemplatePath(const CString& family, const CString& section, bool isZeroVariant) {
+    return QsUi::PickTemplate(QsFrame::DialogToolkit().ForDialog(), QsUi::FeesAndTaxes, family, section,
+                              isZeroVariant, 0);
+}
+
+CString IQsUtils::GetCsxmTemplatePath(const CString& family, const CString& section, bool isZeroVariant) {
+    return QsUi::PickTemplate(QsFrame::DialogToolkit().ForDialog(), QsUi::Measures, family, section,
+                              isZeroVariant, 0);
+}
+
+CString IQsUtils::GetDjzcTemplatePath(const CString& family, const CString& section) {
+    return QsUi::PickTemplate(QsFrame::DialogToolkit().ForDialog(), QsUi::UnitPriceComposition, family,
+                              section, false, 0);
+}
+
+CString IQsUtils::SelectFolder() {
+    return QsUi::SelectFolder(QsFrame::DialogToolkit().ForDialog());
 }

@@ -213,6 +213,29 @@ public:
     /// The kind of that text, in the exact case; `eYsType_Normal` for any other text.
     static eYsType StringToYsType(CString const& strType);
 
+    // --- Templates. `family` and `section` are those of a `LibraryKey`. The pickers are modal and wait for
+    // the user; without a display they answer as if cancelled. See docs/dialogs.md.
+
+    /// The file "project.db" beside the executable, whether or not it exists.
+    static CString GetProjectDbTemplate();
+    /// The file "ZhengTiReport.xml" beside the executable, whether or not it exists.
+    static CString GetZhengTiReport();
+    // Each lets the user pick a template of one kind, of the user's own or of the cost library: the full
+    // path, or the empty text when nothing was picked. `isZeroVariant` asks for the extension with the letter
+    // z.
+    static CString GetFeeTemplatePath(const CString& family, const CString& section, bool isZeroVariant);
+    /// `reportType` is 0 for the project, 1 and 2 for a unit project by bill and by quota.
+    static CString GetReportTemplatePath(const CString& family, const CString& section, int reportType);
+    static CString GetGfsjTemplatePath(const CString& family, const CString& section, bool isZeroVariant);
+    static CString GetCsxmTemplatePath(const CString& family, const CString& section, bool isZeroVariant);
+    static CString GetDjzcTemplatePath(const CString& family, const CString& section);
+
+    // --- Folder browser
+
+    /// Lets the user choose a folder: its path, or the empty text when the user has cancelled, when the
+    /// choice isn't in the file system, and without a display. Waits for the user.
+    static CString SelectFolder();
+
     // --- Threads
 
     /// Starts a thread that runs `routine(parameter)` at once, writes its id to `id`, which may be null, and

@@ -15,6 +15,8 @@
 #include "QsUtils/library/CLibraryManager.h"
 #include "QsUtils/platform/CodePage.h"
 #include "QsUtils/platform/Threads.h"
+#include "QsUtils/ui/CShowTextDlg.h"
+#include "QsUtils/ui/Toolkit.h"
 #include "QsUtils/xml/ToolTable.h"
 #include "QsUtils/xml/XmlPlatform.h"
 
@@ -66,13 +68,19 @@ RememberedMarks theMarks;
 
 namespace {
 
+QsUi::IViews* ViewsOfTip() {
+    return QsFrame::DialogToolkit().ForTip();
+}
+
 CQsUtilsApp theApp;
+constinit CShowTextDlg theTip(ViewsOfTip);
 QsXml::ToolTable theXmlTools;
 constinit QsFrame::ServiceHolder<COprateString> theFormulaVariables;
 constinit QsFrame::ServiceHolder<LoadedUnitDecimals> theUnitDecimals;
 
 // Ended by the end sequence, not by their own destructors.
 constinit QsFrame::LazyService<CExtraCostRead> theConfigurationReader;
+constinit QsFrame::LazyService<QsUi::Toolkit> theToolkit;
 constinit QsFrame::LazyService<DirectoryManager::CCommonDirectory> theCommonDirectories;
 constinit QsFrame::LazyService<DirectoryManager::CProjectDirectory> theProjectDirectories;
 constinit QsFrame::LazyService<DirectoryManager::CLibraryDirectory> theLibraryDirectories;
@@ -96,6 +104,8 @@ bool CQsUtilsApp::InitInstance() {
 
 int CQsUtilsApp::ExitInstance() {
     theConfigurationReader.Destroy();
+    theTip.DestroyWindow();
+    theToolkit.Destroy();  // with the module of its views, in which the tip's window was made
     theCommonDirectories.Destroy();
     theProjectDirectories.Destroy();
     theLibraryDirectories.Destroy();  // the companion goes with them, and may use XML as it does
@@ -158,6 +168,14 @@ namespace QsFrame {
 
 CExtraCostRead& ConfigurationReader() {
     return theConfigurationReader.Get();
+}
+
+CShowTextDlg& TipDialog() {
+    return theTip;
+}
+
+QsUi::Toolkit& DialogToolkit() {
+    return theToolkit.Get();
 }
 
 void LogMessage(const CString& message) noexcept {

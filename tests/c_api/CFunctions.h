@@ -63,14 +63,18 @@
     X(QsGenerateMaterialMD5) \
     X(QsGetAllMajorName) \
     X(QsGetCharCount) \
+    X(QsGetCsxmTemplatePath) \
     X(QsGetCurBackUpDataBasePath) \
     X(QsGetCurBackUpPath) \
+    X(QsGetDjzcTemplatePath) \
     X(QsGetExcelInstallVersion) \
     X(QsGetExtraCostCalType) \
     X(QsGetExtraCostDataByKey) \
     X(QsGetExtraCostTypeList) \
+    X(QsGetFeeTemplatePath) \
     X(QsGetFirstSegment) \
     X(QsGetFormatedRateOfTransPrice) \
+    X(QsGetGfsjTemplatePath) \
     X(QsGetHistory) \
     X(QsGetIndicatorsFactor) \
     X(QsGetIndicatorsUnit) \
@@ -83,10 +87,13 @@
     X(QsGetOverHeightList) \
     X(QsGetProjOverViewInfo) \
     X(QsGetProjOverViewInfoOfFile) \
+    X(QsGetProjectDbTemplate) \
+    X(QsGetReportTemplatePath) \
     X(QsGetSoftVersion) \
     X(QsGetStreamMD5) \
     X(QsGetUnitMantissa) \
     X(QsGetXmlAccessTool) \
+    X(QsGetZhengTiReport) \
     X(QsIndexList_Add) \
     X(QsIndexList_Clear) \
     X(QsIndexList_Count) \
@@ -214,6 +221,7 @@
     X(QsRuleMap_Keys) \
     X(QsRuleMap_Set) \
     X(QsSaveXMLNode) \
+    X(QsSelectFolder) \
     X(QsSetExtraCostData) \
     X(QsSetSoftVersion) \
     X(QsSortDeItemCodes) \
@@ -264,6 +272,13 @@
     X(QsTextMap_Free) \
     X(QsTextMap_Keys) \
     X(QsTextMap_Set) \
+    X(QsTextTip_CloseWindowNow) \
+    X(QsTextTip_IsTextLonger) \
+    X(QsTextTip_SetBackgroundColor) \
+    X(QsTextTip_SetShowText) \
+    X(QsTextTip_SetTextColor) \
+    X(QsTextTip_SetWindowPosition) \
+    X(QsTextTip_ShowWindowDelay) \
     X(QsThread_Close) \
     X(QsThread_Wait) \
     X(QsTimeCostTracker_Create) \

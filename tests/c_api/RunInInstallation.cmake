@@ -8,4 +8,8 @@ file(MAKE_DIRECTORY ${WORK})
 file(COPY ${INSTALLATION}/ DESTINATION ${WORK}/installation)
 file(MAKE_DIRECTORY ${WORK}/installation/Log)  # hosts make it
 file(COPY ${FILES} DESTINATION ${WORK}/installation)
+# Dialogs are answered as if cancelled where there is no display, and nobody is here to answer them.
+unset(ENV{DISPLAY})
+unset(ENV{WAYLAND_DISPLAY})
+unset(ENV{QT_QPA_PLATFORM})
 execute_process(COMMAND ${PROGRAM} WORKING_DIRECTORY ${WORK} COMMAND_ERROR_IS_FATAL ANY)

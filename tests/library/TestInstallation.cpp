@@ -16,7 +16,12 @@ namespace {
 /// Two sections beside the one that the library reads, for loaders of other sections.
 constexpr const char* directoryConfig =
     "<DirectoryConfig><ProjectDirectory><DirectoryItem Code=\"LibVisitor\" RelativePath=\"Visitor\"/>"
-    "<DirectoryItem Code=\"ReportDirectory\" RelativePath=\"Report\\\\\"/></ProjectDirectory>"
+    "<DirectoryItem Code=\"ReportDirectory\" RelativePath=\"Report\\\\\"/>"
+    "<DirectoryItem Code=\"FyhzTemplateDirectory\" RelativePath=\"own\\fyhz\"/>"
+    "<DirectoryItem Code=\"GfsjTemplateDirectory\" RelativePath=\"own\\gfsj\"/>"
+    "<DirectoryItem Code=\"CsxmTemplateDirectory\" RelativePath=\"own\\csxm\"/>"
+    "<DirectoryItem Code=\"DjzcTemplateDirectory\" RelativePath=\"own\\djzc\"/>"
+    "<DirectoryItem Code=\"ReportTemplateDirectory\" RelativePath=\"own\\report\"/></ProjectDirectory>"
     "<Other><DirectoryItem Code=\"A\" RelativePath=\"of other\"/></Other>"
     "<Empty/></DirectoryConfig>";
 

@@ -18,6 +18,9 @@ void Remove(std::string& text, const std::string& part) {
 
 ProgramResult RunHost(const char* host, const char* mode, bool xmlFails = false) {
     ProgramCall call{host, {mode}, {}, {}};
+#if defined(PROBED_VIEWS)
+    call.environment.emplace_back("QT_QPA_PLATFORM", "offscreen");  // no display, no views
+#endif
     if (xmlFails)
         call.environment.emplace_back(EventProbe::failingXml, "1");
     ProgramResult result = RunProgram(call);
@@ -39,9 +42,15 @@ std::string EventsOfExit(const ProgramResult& result) {
     return events;
 }
 
+#if defined(PROBED_VIEWS)
+#define TIP_EVENT(event) event "\n"
+#else
+#define TIP_EVENT(event)
+#endif
+
 constexpr const char* endOfModule =
     "the host's data ends\n"
-    "configuration reader ends\n"
+    "configuration reader ends\n" TIP_EVENT("tip's window ends")
     "common directories end\n"
     "project directories end\n"
     "library directories end\n"
@@ -50,7 +59,7 @@ constexpr const char* endOfModule =
     "XML tool ends\n"
     "XML ends\n"
     "unit decimals end\n"
-    "scanner of variables ends\n"
+    "scanner of variables ends\n" TIP_EVENT("tip ends")
     "backup names end\n"
     "log writer ends\n"
     "soft version ends\n"

@@ -234,6 +234,20 @@ bool CallOpenBudgets() {
            IQsUtils1::GetExcelInstallVersion().GetLength() < 127;
 }
 
+// Without a window, for which these hosts have no screen.
+bool CallTip() {
+    CRect narrow(0, 0, 4, 10);
+    CRect wide(0, 0, 5, 10);
+    texttip::CloseWindowNow();
+    return texttip::IsTextLonger(narrow) && !texttip::IsTextLonger(wide);
+}
+
+bool CallTemplates() {
+    const CString beside = DirectoryManager::GetCommonDirectoryManager()->GetExeDirectory();
+    return IQsUtils::GetProjectDbTemplate() == beside + u"project.db" &&
+           IQsUtils::GetZhengTiReport() == beside + u"ZhengTiReport.xml";
+}
+
 bool CallLog() {
     const XmlFile file;
     IQsUtils1::LogError(u"[INFO]: a line");
@@ -321,6 +335,8 @@ constexpr std::array services = {
     Service{"extra costs", CallExtraCosts},
     Service{"overview", CallOverview},
     Service{"open budgets", CallOpenBudgets},
+    Service{"tip", CallTip},
+    Service{"templates", CallTemplates},
     Service{"log", CallLog},
     Service{"threads", CallThreads},
     Service{"tasks", CallTasks},
@@ -369,6 +385,10 @@ PLUGIN_EXPORT void* PluginKeptBlock() {
 
 PLUGIN_EXPORT void PluginUseLog() {
     IQsUtils1::LogError(u"a line");
+}
+
+PLUGIN_EXPORT void PluginSetTip(const char16_t* text) {
+    texttip::SetShowText(text);
 }
 
 PLUGIN_EXPORT void* PluginAnalyser() {

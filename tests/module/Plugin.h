@@ -22,6 +22,9 @@ void PluginUseUnitDecimals();
 /// Makes the writer of the log, which has no folder to write to.
 void PluginUseLog();
 
+/// Sets the text of the tip, which gets its window with it.
+void PluginSetTip(const char16_t* text);
+
 /// A block of the host's own that the library has been given.
 void* PluginKeptBlock();
 

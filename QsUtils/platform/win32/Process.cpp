@@ -4,20 +4,12 @@
 #include <exception>
 #include <string>
 
+#include "QsUtils/platform/win32/Screen.h"
 #include "QsUtils/platform/win32/Windows.h"
 
 namespace QsPlatform {
 
 namespace {
-
-/// Whether a window of this process can be seen by somebody: a service and a login without a desktop have
-/// none.
-bool HasScreen() {
-    USEROBJECTFLAGS flags{};
-    return ::GetUserObjectInformationW(::GetProcessWindowStation(), UOI_FLAGS, &flags, sizeof flags,
-                                       nullptr) != 0 &&
-           (flags.dwFlags & WSF_VISIBLE) != 0 && ::GetDesktopWindow() != nullptr;
-}
 
 /// What a message box has in its title: the name of the program, as the framework does it.
 std::wstring ProgramName() {

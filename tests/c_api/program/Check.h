@@ -41,3 +41,4 @@ void CheckDirectories(void);
 void CheckLibraries(void);
 void CheckTasks(void);
 void CheckFrame(void);
+void CheckDialogs(void);

@@ -43,6 +43,7 @@ int main(void) {
     CheckLibraries();
     CheckTasks();
     CheckFrame();
+    CheckDialogs();
     if (Failures() == 0)
         puts("every subsystem has answered");
     return Failures() == 0 ? 0 : 1;

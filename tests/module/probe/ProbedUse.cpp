@@ -32,6 +32,11 @@ TEST_EXPORT void ProbeUseLibrary() {
     EventProbe::WatchFirstNotedBlock("log writer ends");
     WatchService(PluginUseVariables, "scanner of variables ends");
     WatchService(PluginUseUnitDecimals, "unit decimals end");
+#if defined(PROBED_VIEWS)
+    PluginSetTip(u"a tip");  // makes its window
+    WatchService([] { PluginSetTip(u"a text of the tip that is too long for the object itself"); },
+                 "tip ends");
+#endif
     if (PluginUseCompanion(PROBED_INSTALLATION) != 7)
         EventProbe::Report("the companion doesn't answer");
     EventProbe::WatchBlock(PluginLibraryManager(), "library manager ends");

@@ -1,0 +1,44 @@
+// Points and rectangles of the screen. On Windows they are the system's own; elsewhere the names and the
+// layout are the same.
+#pragma once
+
+#include <cstdint>
+
+#include "QsUtils/platform/Handles.h"
+
+#if !defined(_WIN32)
+/// A point of the screen. The unit is the pixel in which the host's toolkit counts: for a host with Qt its
+/// device-independent pixel.
+struct tagPOINT {
+    std::int32_t x;
+    std::int32_t y;
+};
+using POINT = tagPOINT;
+
+/// A rectangle; `right` and `bottom` aren't in it any more.
+struct tagRECT {
+    std::int32_t left;
+    std::int32_t top;
+    std::int32_t right;
+    std::int32_t bottom;
+};
+using RECT = tagRECT;
+#endif
+
+/// A `RECT` that knows its size; empty at first. Nothing checks that its sides are in order: a rectangle
+/// whose right side stands left of the left one has a negative width.
+class CRect : public RECT {
+public:
+    using Side = decltype(RECT::left);
+
+    constexpr CRect() noexcept : RECT{0, 0, 0, 0} {}
+    constexpr CRect(Side l, Side t, Side r, Side b) noexcept : RECT{l, t, r, b} {}
+    constexpr CRect(const RECT& rect) noexcept : RECT(rect) {}
+
+    constexpr int Width() const noexcept { return static_cast<int>(right - left); }
+    constexpr int Height() const noexcept { return static_cast<int>(bottom - top); }
+
+    friend constexpr bool operator==(const CRect& a, const CRect& b) noexcept {
+        return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
+    }
+};

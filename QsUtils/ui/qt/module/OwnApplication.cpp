@@ -1,0 +1,115 @@
+#include "QsUtils/ui/qt/module/OwnApplication.h"
+
+#include <QApplication>
+#include <QSemaphore>
+#include <QThread>
+#include <atomic>
+#include <bit>
+#include <clocale>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+#include <thread>
+
+#include <unistd.h>
+
+namespace QsQt {
+
+namespace {
+
+std::atomic<bool> isStartedByUs{false};
+std::atomic<bool> isHeld{false};
+std::atomic<unsigned int> uses{0};
+
+/// How long the end of the process waits for a thread that is at work.
+constexpr int MostMillisecondsToHold = 2000;
+
+void HoldThread() {
+    QCoreApplication* const application = QCoreApplication::instance();
+    // The thread itself ends the process when its display has gone.
+    if (application == nullptr || QThread::currentThread() == application->thread() || isHeld.exchange(true))
+        return;
+    // Never freed: the thread may come to it late.
+    QSemaphore* const isThere = new QSemaphore;
+    QMetaObject::invokeMethod(
+        application,
+        [isThere] {
+            isThere->release();
+            for (;;)
+                ::pause();
+        },
+        Qt::QueuedConnection);
+    isThere->tryAcquire(1, MostMillisecondsToHold);
+}
+
+/// Windows are listed under the name of the host's program.
+std::string ProgramName() {
+    std::error_code error;
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return error ? std::string("QsUtils") : program.string();
+}
+
+/// Qt sets the locale of the process to the user's; a host without Qt has one of its own.
+class KeptLocale {
+public:
+    KeptLocale() : m_locale(std::setlocale(LC_ALL, nullptr)) {}
+    KeptLocale(const KeptLocale&) = delete;
+    KeptLocale& operator=(const KeptLocale&) = delete;
+    ~KeptLocale() { std::setlocale(LC_ALL, m_locale.c_str()); }
+
+private:
+    std::string m_locale;
+};
+
+/// Qt says at its start that it has taken another locale than the user's. It isn't the host's matter.
+void DropMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+void RunApplication(const std::string& platform, QSemaphore& isStarted) {
+    // They live as long as the process, and so does the application.
+    static std::string program = ProgramName();
+    static std::string option = "-platform";
+    static std::string name = platform;
+    static char* arguments[] = {program.data(), option.data(), name.data(), nullptr};
+    static int count = 3;
+    QApplication* application = nullptr;
+    {
+        const KeptLocale locale;
+        const QtMessageHandler before = qInstallMessageHandler(DropMessage);
+        application = new QApplication(count, arguments);
+        qInstallMessageHandler(before);
+    }
+    QApplication::setQuitOnLastWindowClosed(false);
+    isStarted.release();
+    for (;;)
+        application->exec();  // a host can't end it
+}
+
+}  // namespace
+
+void StartOwnApplication(const std::string& platform) {
+    // The host's signals are for the host's threads.
+    sigset_t all;
+    sigset_t before;
+    ::sigfillset(&all);
+    ::pthread_sigmask(SIG_BLOCK, &all, &before);
+    QSemaphore isStarted;
+    std::thread([&] { RunApplication(platform, isStarted); }).detach();
+    isStarted.acquire();
+    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    isStartedByUs.store(true);
+    PrepareForEnd();
+}
+
+// Objects go at the end in the reverse order in which they came, and Qt makes some of its own at their first
+// use. A place in that order can be taken again but not given back, so it is taken ever more rarely.
+void PrepareForEnd() {
+    if (isStartedByUs.load() && std::has_single_bit(uses.fetch_add(1) + 1))
+        std::atexit(HoldThread);
+}
+
+bool IsOwnApplicationHeld() noexcept {
+    return isHeld.load();
+}
+
+}  // namespace QsQt

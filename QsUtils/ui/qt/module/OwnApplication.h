@@ -1,0 +1,20 @@
+// The application of a host that has none.
+#pragma once
+
+#include <string>
+
+namespace QsQt {
+
+/// Starts an application on a thread of its own, where it runs until the process ends. At that end the thread
+/// is held in place, so that nothing of Qt runs while Qt's static objects go. To be called once, when a
+/// display is there; the locale of the process stays what it was.
+void StartOwnApplication(const std::string& platform);
+
+/// To be called now and then when work has been done on that thread: at the end of the process it is held in
+/// place before anything goes that Qt has made by now. Nothing happens for a host with its own application.
+void PrepareForEnd();
+
+/// Whether the thread is held in place.
+bool IsOwnApplicationHeld() noexcept;
+
+}  // namespace QsQt
