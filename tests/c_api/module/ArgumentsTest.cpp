@@ -1,9 +1,5 @@
 // Every function of the C interface with arguments that it can't take.
-#include <algorithm>
 #include <cstdint>
-#include <cstring>
-#include <functional>
-#include <set>
 #include <string>
 #include <tuple>
 #include <type_traits>
@@ -23,6 +19,9 @@ inline constexpr bool isResult<T*> =
     !std::is_const_v<T> && (std::is_pointer_v<T> || (std::is_arithmetic_v<T> && !std::is_same_v<T, QsChar> &&
                                                      !std::is_same_v<T, char>));
 
+template <typename T>
+inline constexpr bool isText = std::is_same_v<T, const QsChar*> || std::is_same_v<T, const char*>;
+
 /// Whether an argument is a handle, which is an object of an unknown class.
 template <typename T, typename = void>
 inline constexpr bool isComplete = false;
@@ -33,56 +32,10 @@ inline constexpr bool isHandle = false;
 template <typename T>
 inline constexpr bool isHandle<T*> = !std::is_void_v<T> && !std::is_function_v<T> && !isComplete<T>;
 
-void Release(QsString* text) {
-    QsString_Free(text);
+// Null is a good argument of theirs.
+bool TakesNull(const std::string& name) {
+    return name == "QsRemoveXmlAccessTool" || name == "QsExpressionToString";
 }
-void Release(QsBytes* bytes) {
-    QsBytes_Free(bytes);
-}
-void Release(QsTextList* list) {
-    QsTextList_Free(list);
-}
-void Release(QsIndexList* list) {
-    QsIndexList_Free(list);
-}
-void Release(QsTextMap* map) {
-    QsTextMap_Free(map);
-}
-void Release(QsIndexMap* map) {
-    QsIndexMap_Free(map);
-}
-void Release(QsItemList* list) {
-    QsItemList_Free(list);
-}
-void Release(QsRuleMap* map) {
-    QsRuleMap_Free(map);
-}
-void Release(QsLibraryEntryList* list) {
-    QsLibraryEntryList_Free(list);
-}
-void Release(QsOverviewList* list) {
-    QsOverviewList_Free(list);
-}
-void Release(QsMaterialKey* key) {
-    QsMaterialKey_Free(key);
-}
-void Release(QsLock* lock) {
-    QsLock_Free(lock);
-}
-void Release(QsTaskManager* manager) {
-    QsTaskManager_Free(manager);
-}
-void Release(QsTaskObserver* observer) {
-    QsTaskObserver_Free(observer);
-}
-void Release(QsXmlTool* tool) {
-    QsRemoveXmlAccessTool(tool);
-}
-void Release(void* block) {
-    QsFreeExtraCostData(block);
-}
-template <typename T>
-void Release(const T&) {}
 
 /// A result that holds something else than nothing.
 template <typename T>
@@ -98,7 +51,6 @@ template <typename T>
 struct Argument {
     T Value() const { return std::is_same_v<T, std::int32_t> ? static_cast<T>(-2) : T{}; }
     bool IsEmpty() const { return true; }
-    void Free() const {}
 };
 template <typename T>
 struct Argument<T*> {
@@ -112,14 +64,13 @@ struct Argument<T*> {
             return nullptr;
     }
     bool IsEmpty() const { return !isResult<T*> || stored == Stored{}; }
-    void Free() const { Release(stored); }
 };
 
 template <typename... Arguments>
 void CallWithoutPlaces(const char* name, QsStatus (*function)(Arguments...)) {
-    static const std::set<std::string> taken = {"QsRemoveXmlAccessTool"};
     if constexpr (((isResult<Arguments> || isHandle<Arguments>) || ...)) {
-        EXPECT_EQ(function(Arguments{}...), taken.contains(name) ? QS_OK : QS_INVALID_ARGUMENT) << name;
+        const bool isGood = TakesNull(name) && !(isResult<Arguments> || ...);
+        EXPECT_EQ(function(Arguments{}...), isGood ? QS_OK : QS_INVALID_ARGUMENT) << name;
     }
 }
 
@@ -130,24 +81,20 @@ void CallWithoutPlaces(const char*, void (*function)(Arguments...)) {
 
 void CallWithoutPlaces(const char*, const char* (*)(QsStatus)) {}
 
+/// Only where there is a text or a handle to be wrong: any number is good, and some functions wait for a
+/// user.
 template <typename... Arguments>
 void CallWithoutSense(const char* name, QsStatus (*function)(Arguments...)) {
-    std::tuple<Argument<Arguments>...> arguments;
-    const QsStatus status =
-        std::apply([&](auto&... argument) { return function(argument.Value()...); }, arguments);
-    std::apply(
-        [&](auto&... argument) {
-            if (status == QS_OK)
-                (argument.Free(), ...);
-            else
-                EXPECT_TRUE((argument.IsEmpty() && ...)) << name << " has left something: " << status;
-        },
-        arguments);
-    // Numbers are good in whatever size; without a text or a handle there is nothing to be wrong.
-    constexpr bool takesText =
-        ((std::is_same_v<Arguments, const QsChar*> || std::is_same_v<Arguments, const char*>) || ...);
-    if (takesText) {
+    if constexpr (((isText<Arguments> || isHandle<Arguments>) || ...)) {
+        if (TakesNull(name))
+            return;
+        std::tuple<Argument<Arguments>...> arguments;
+        const QsStatus status =
+            std::apply([&](auto&... argument) { return function(argument.Value()...); }, arguments);
         EXPECT_EQ(status, QS_INVALID_ARGUMENT) << name;
+        const bool areEmpty =
+            std::apply([](auto&... argument) { return (argument.IsEmpty() && ...); }, arguments);
+        EXPECT_TRUE(areEmpty) << name << " has left a result";
     }
 }
 
