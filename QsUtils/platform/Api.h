@@ -1,6 +1,6 @@
-/// @file
-/// The two facts about the system that every public header needs: how a symbol crosses the module's
-/// boundary, and what the unit of a text is called on this system.
+/** @file
+    The two facts about the system that every public header needs: how a symbol crosses the module's boundary,
+    and what the unit of a text is called on this system. Compiles as C, too. */
 #pragma once
 
 #if defined(_WIN32)
@@ -16,6 +16,7 @@
 #define QSUTILS_API __attribute__((visibility("default")))
 #endif
 
+#if defined(__cplusplus)
 namespace QsPlatform {
 
 /// The 16-bit unit in which hosts on this system write wide text: the type of `CString::XCHAR`.
@@ -26,3 +27,4 @@ using TextUnit = char16_t;
 #endif
 
 }  // namespace QsPlatform
+#endif

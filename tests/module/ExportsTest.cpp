@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/c_api/CFunctions.h"
 #include "tests/module/ExportedNames.h"
 #include "tests/support/ExportedSymbols.h"
 
@@ -80,6 +81,7 @@ TEST(ModuleExports, NothingElseLeavesTheModule) {
                                                   "QS_ProjectOverView::CProjectOverViewFactory",
                                                   "XMLNode"};
     std::set<std::string> expected(std::begin(exportedNames), std::end(exportedNames));
+    expected.insert(std::begin(cFunctions), std::end(cFunctions));
     expected.merge(SystemNamesOfModule());
     const auto isMember = [](const std::string& name) {
         return std::any_of(std::begin(exportedClasses), std::end(exportedClasses),
