@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "EnglishText.h"
 #include "Project.h"
 #include "ProjectDocument.h"
 
@@ -68,7 +69,7 @@ struct Collected {
     Problems problems;
 
     std::string OnlyProblem() const {
-        return problems.found.size() == 1 ? ProblemText("f", problems.found.front())
+        return problems.found.size() == 1 ? EnglishText("f", problems.found.front())
                                           : std::to_string(problems.found.size()) + " problems";
     }
 };

@@ -1,0 +1,5 @@
+#include "QsUtils/frame/Version.h"
+
+const char* QsUtilsVersion() noexcept {
+    return QSUTILS_VERSION;
+}
