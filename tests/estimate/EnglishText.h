@@ -13,8 +13,8 @@ namespace Estimate {
 inline bool operator==(const Message& message, std::string_view english) {
     return message.In(Language::English) == english;
 }
-inline void PrintTo(const Message& message, std::ostream* out) {
-    *out << message.In(Language::English);
+inline std::ostream& operator<<(std::ostream& out, const Message& message) {
+    return out << message.In(Language::English);
 }
 
 inline std::string EnglishText(const std::string& file, const Problem& problem) {

@@ -155,7 +155,7 @@ TEST(Project, WhatNoFormCanSay) {
         EXPECT_EQ(ProblemOf({GoodItem, Quota({0, 0, 1, 0}, {"4-1", "b"})}, form),
                   "f: quota 1: error: no bill item stands above the quota row");
         BillRow faulty = GoodItem;
-        faulty.fault = "too wide";
+        faulty.fault = Message::Same("too wide");
         EXPECT_EQ(ProblemOf({faulty}, form), "f: item 1: error: too wide");
     }
 }
