@@ -18,7 +18,7 @@
 namespace {
 
 /// The part of the input in front of the first "~" is the table of variables.
-std::string TakeVariables(std::string& input, Estimate::Variables& variables) {
+Estimate::Message TakeVariables(std::string& input, Estimate::Variables& variables) {
     const std::size_t end = input.find('~');
     if (end == std::string::npos)
         return {};
