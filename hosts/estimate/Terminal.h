@@ -22,6 +22,7 @@ public:
 private:
     /// What a console was set to before; 0 where there is nothing to set back.
     [[maybe_unused]] unsigned m_codePage = 0;
+    [[maybe_unused]] unsigned m_inputCodePage = 0;
     [[maybe_unused]] unsigned long m_mode = 0;
     /// Whether the terminal takes escape sequences.
     [[maybe_unused]] bool m_isDrawable = false;

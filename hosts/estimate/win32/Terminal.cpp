@@ -29,6 +29,8 @@ Terminal::Terminal() {
         _setmode(_fileno(stream), _O_BINARY);
     m_codePage = ::GetConsoleOutputCP();
     ::SetConsoleOutputCP(CP_UTF8);
+    m_inputCodePage = ::GetConsoleCP();
+    ::SetConsoleCP(CP_UTF8);
     // A console takes escape sequences when it is asked to; older ones can't.
     const HANDLE err = ::GetStdHandle(STD_ERROR_HANDLE);
     if (::GetConsoleMode(err, &m_mode) != 0)
@@ -38,6 +40,8 @@ Terminal::Terminal() {
 Terminal::~Terminal() {
     if (m_codePage != 0)
         ::SetConsoleOutputCP(m_codePage);
+    if (m_inputCodePage != 0)
+        ::SetConsoleCP(m_inputCodePage);
     if (m_isDrawable)
         ::SetConsoleMode(::GetStdHandle(STD_ERROR_HANDLE), m_mode);
 }

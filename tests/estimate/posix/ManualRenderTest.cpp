@@ -26,4 +26,16 @@ TEST_P(RenderedManual, IsFreeOfWarnings) {
     }
 }
 
+// The database of apropos(1) takes it from the page's first section.
+TEST_P(RenderedManual, IsFoundByItsName) {
+    ProgramCall call;
+    call.program = "lexgrog";
+    call.arguments = {GetParam()};
+    call.environment = {{"LC_ALL", "C.UTF-8"}};
+    const ProgramResult names = RunProgram(call);
+    ASSERT_TRUE(names.isStarted) << "the package man-db is missing";
+    EXPECT_EQ(names.status, 0);
+    EXPECT_NE(names.out.find("\"estimate - "), std::string::npos) << names.out;
+}
+
 INSTANTIATE_TEST_SUITE_P(Pages, RenderedManual, testing::Values(ESTIMATE_MANUAL, ESTIMATE_CHINESE_MANUAL));
