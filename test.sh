@@ -55,7 +55,7 @@ while [[ $# -gt 0 ]]; do
     shift
 done
 
-groups=(build)
+groups=(build test)
 [[ $windows == yes ]] && groups+=(windows)
 [[ $fuzz_seconds -gt 0 ]] && groups+=(clang)
 [[ $coverage == yes ]] && groups+=(coverage)

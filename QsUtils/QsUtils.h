@@ -12,6 +12,7 @@
 #include "QsUtils/frame/CTimeCostTracker.h"
 #include "QsUtils/frame/IQsUtils.h"
 #include "QsUtils/frame/IQsUtils1.h"
+#include "QsUtils/frame/Version.h"
 #include "QsUtils/library/LibraryManager.h"
 #include "QsUtils/material/CommonMaterialKey.h"
 #include "QsUtils/platform/Geometry.h"

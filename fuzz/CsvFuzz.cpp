@@ -18,7 +18,7 @@
 namespace {
 
 /// The part of the input in front of the first "~" is the table of variables.
-std::string TakeVariables(std::string& input, Estimate::Variables& variables) {
+Estimate::Message TakeVariables(std::string& input, Estimate::Variables& variables) {
     const std::size_t end = input.find('~');
     if (end == std::string::npos)
         return {};
@@ -83,7 +83,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::istringstream in(input);
     Estimate::Report report;
     Estimate::Problems& problems = report.problems.emplace_back();
-    const std::string refusal = Estimate::ReadBill(in, variables, report.bill, problems);
+    const Estimate::Message refusal = Estimate::ReadBill(in, variables, report.bill, problems);
     if (!refusal.empty())
         return 0;
     Estimate::Summarize(report);

@@ -172,7 +172,8 @@ check_tidy() {
 
 check_scripts() {
     (cd "$root" && shellcheck -x run.sh test.sh .ci/run scripts/*.sh scripts/list-exports scripts/package \
-        scripts/screenshots scripts/try-packages scripts/under-wine scripts/windows-screenshots)
+        scripts/screenshots scripts/try-packages scripts/under-wine scripts/windows-screenshots \
+        hosts/estimate/completion/estimate.bash)
 }
 
 check_reference() {

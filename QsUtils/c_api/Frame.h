@@ -2,6 +2,7 @@
 #pragma once
 
 #include "QsUtils/c_api/Basics.h"
+#include "QsUtils/frame/Version.h"
 
 #if defined(__cplusplus)
 extern "C" {

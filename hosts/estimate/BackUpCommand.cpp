@@ -9,10 +9,7 @@
 #include <system_error>
 #include <vector>
 
-#include <CLI/App.hpp>
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
-
+#include "CommandLine.h"
 #include "Commands.h"
 #include "Files.h"
 #include "Refusal.h"
@@ -81,7 +78,7 @@ using Event = int (*)(const CString& project, const Streams& streams);
 
 int Open(const CString& project, const Streams& streams) {
     if (!IsFile(DataBaseOf(project))) {
-        Refuse(streams, "there is no database beside the project: " + NativeText(project));
+        Refuse(streams, Say<Text::NoDatabase>(NativeText(project)));
         return CannotRun;
     }
     CString working;
@@ -92,10 +89,10 @@ int Open(const CString& project, const Streams& streams) {
     // The library tells nothing of a failure, and then leaves the working copy of a former run, which may be
     // that of another project: a save would put it over this one's database.
     if (!HaveSameBytes(DataBaseOf(project), ToNativePath(working))) {
-        Refuse(streams, "the working copy could not be made: " + NativeText(working));
+        Refuse(streams, Say<Text::NoWorkingCopy>(NativeText(working)));
         return CannotRun;
     }
-    const std::string failure = WriteOutput(
+    const Message failure = WriteOutput(
         TextOf(NoteOf(project)), [&project](std::ostream& note) { note << NativeText(project) << '\n'; });
     if (!failure.empty()) {
         Refuse(streams, failure);
@@ -111,7 +108,7 @@ bool IsOpen(const CString& project, const Streams& streams) {
     std::string opened;
     std::getline(note, opened, '\0');
     return opened == NativeText(project) + '\n' ||
-           Refuse(streams, "the project is not open: " + NativeText(project));
+           Refuse(streams, Say<Text::ProjectNotOpen>(NativeText(project)));
 }
 
 int Save(const CString& project, const Streams& streams) {
@@ -135,20 +132,18 @@ int Changed(const CString& project, const Streams& streams) {
     return AllDone;
 }
 
-void AddEvent(CLI::App& backUp, const char* name, const char* help, Event event, const Streams& streams,
+void AddEvent(CLI::App& backUp, const char* name, Text help, Event event, const Streams& streams,
               int& status) {
     auto project = std::make_shared<std::string>();
-    CLI::App* command = backUp.add_subcommand(name, help);
-    command
-        ->add_option("project", *project,
-                     "The project file; its database and its folder of drawings stand beside it")
-        ->required();
+    const Words words(streams.language);
+    CLI::App* command = backUp.add_subcommand(name, words(help));
+    command->add_option("project", *project, words(Text::HelpBackUpProject))->type_name(FileType)->required();
     command->callback([project, event, &streams, &status] {
         const std::optional<CString> path = ProjectPath(*project);
         if (path) {
             status = event(*path, streams);
         } else {
-            Refuse(streams, "the library can't name this file: " + *project);
+            Refuse(streams, Say<Text::ProjectNoName>(*project));
             status = CannotRun;
         }
     });
@@ -157,16 +152,12 @@ void AddEvent(CLI::App& backUp, const char* name, const char* help, Event event,
 }  // namespace
 
 void AddBackUp(CLI::App& app, const Streams& streams, int& status) {
-    CLI::App* command =
-        app.add_subcommand("backup", "Keep the working copy of a project beside this program");
+    CLI::App* command = app.add_subcommand("backup", Words(streams.language)(Text::HelpBackUp));
     command->require_subcommand(1);
-    AddEvent(*command, "open", "Copy the project's database and drawings, and print where to work", Open,
-             streams, status);
-    AddEvent(*command, "save", "Put the working copy back, and keep the drawings as saved", Save, streams,
-             status);
-    AddEvent(*command, "discard", "Make the drawings again what they were at the last save", Discard, streams,
-             status);
-    AddEvent(*command, "changed", "Note that the drawings have been changed", Changed, streams, status);
+    AddEvent(*command, "open", Text::HelpBackUpOpen, Open, streams, status);
+    AddEvent(*command, "save", Text::HelpBackUpSave, Save, streams, status);
+    AddEvent(*command, "discard", Text::HelpBackUpDiscard, Discard, streams, status);
+    AddEvent(*command, "changed", Text::HelpBackUpChanged, Changed, streams, status);
 }
 
 }  // namespace Estimate

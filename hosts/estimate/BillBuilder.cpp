@@ -14,9 +14,8 @@ constexpr std::size_t NationalCodeLength = 9;
 // Longer codes than any quota book has would only slow the order down.
 constexpr std::size_t LongestCode = 64;
 
-std::string CodeLengthText(std::string_view code) {
-    return "a bill code has 12 digits, nine of the national code and three of sequence; this one " +
-           (IsDigits(code) ? "has " + std::to_string(code.size()) : "holds other characters");
+Message CodeFault(std::string_view code) {
+    return IsDigits(code) ? Say<Text::CodeLength>(code.size()) : Say<Text::CodeCharacters>();
 }
 
 }  // namespace
@@ -41,17 +40,17 @@ void BillBuilder::Finish() {
         AddTo(m_bill.fen, item.fen);
 }
 
-void BillBuilder::Note(Severity severity, const Place& place, std::size_t column, std::string reason) {
+void BillBuilder::Note(Severity severity, const Place& place, std::size_t column, Message reason) {
     m_problems.found.push_back(
         {severity, place, m_columns.Number(column), m_columns.Title(column), std::move(reason)});
     m_rowIsBad = m_rowIsBad || severity == Severity::Error;
 }
 
-void BillBuilder::Reject(const BillRow& row, std::size_t column, std::string reason) {
+void BillBuilder::Reject(const BillRow& row, std::size_t column, Message reason) {
     Note(Severity::Error, row.place, column, std::move(reason));
 }
 
-void BillBuilder::RejectRow(const Place& place, std::string reason) {
+void BillBuilder::RejectRow(const Place& place, Message reason) {
     m_problems.found.push_back({Severity::Error, place, 0, {}, std::move(reason)});
     m_rowIsBad = true;
 }
@@ -61,7 +60,7 @@ void BillBuilder::TakeItem(const BillRow& row) {
     m_itemPlace = row.place;
     BillItem item;
     if (const std::string_view code = row.fields[BillColumn::Code]; !IsBillCode(code))
-        Reject(row, BillColumn::Code, code.empty() ? "the code is empty" : CodeLengthText(code));
+        Reject(row, BillColumn::Code, code.empty() ? Say<Text::CodeEmpty>() : CodeFault(code));
     ReadItem(row, item, nullptr);
     const std::optional<std::int64_t> price = ReadPrice(row, true);
     if (m_rowIsBad) {
@@ -82,10 +81,10 @@ void BillBuilder::TakeQuota(const BillRow& row) {
     CheckQuotaCode(row);
     // A table has quota rows below their item, a document inside of it.
     if (!m_itemPlace || row.place.item != m_itemPlace->item)
-        return RejectRow(row.place, "no bill item stands above the quota row");
+        return RejectRow(row.place, Say<Text::NoItemAbove>());
     ++m_quotaRows;
     if (!m_item)
-        return RejectRow(row.place, "the bill item above it, " + AtPlace(*m_itemPlace) + ", can't be priced");
+        return RejectRow(row.place, Say<Text::ItemAboveBad>(AtPlace(*m_itemPlace)));
     QuotaItem quota;
     ReadItem(row, quota, &m_amount);
     quota.price = ReadPrice(row, false).value_or(0);
@@ -103,13 +102,13 @@ void BillBuilder::TakeQuota(const BillRow& row) {
 void BillBuilder::CheckQuotaCode(const BillRow& row) {
     const std::string_view code = row.fields[BillColumn::Code];
     if (code.empty())
-        Reject(row, BillColumn::Code, "the code is empty");
+        Reject(row, BillColumn::Code, Say<Text::CodeEmpty>());
     else if (IsBillCode(code))
-        Reject(row, BillColumn::Code, "a code of 12 digits is that of a bill item");
+        Reject(row, BillColumn::Code, Say<Text::CodeOfItem>());
     else if (code.size() >= NationalCodeLength && IsDigits(code))
-        Reject(row, BillColumn::Code, CodeLengthText(code));
+        Reject(row, BillColumn::Code, CodeFault(code));
     else if (code.size() > LongestCode)
-        Reject(row, BillColumn::Code, "the code has more than 64 bytes");
+        Reject(row, BillColumn::Code, Say<Text::CodeTooLong>());
 }
 
 void BillBuilder::ReadItem(const BillRow& row, Item& item, const CString* amount) {
@@ -121,9 +120,9 @@ void BillBuilder::ReadItem(const BillRow& row, Item& item, const CString* amount
     item.formula = texts.Keep(row.fields[Formula]);
     item.unit = ReadUnit(row.fields[Unit]);
     if (item.name.empty())
-        Reject(row, Name, "the name is empty");
+        Reject(row, Name, Say<Text::NameEmpty>());
     if (item.unit.empty())
-        Reject(row, Unit, "the unit is empty");
+        Reject(row, Unit, Say<Text::UnitEmpty>());
     ReadQuantity(row, item, amount);
 }
 
@@ -146,7 +145,7 @@ void BillBuilder::ReadQuantity(const BillRow& row, Item& item, const CString* am
     const int decimals = m_lastDecimals.value_or(MaxDecimals);
     const std::optional<std::int64_t> units = RoundToDecimals(result.value, decimals);
     if (!units)
-        return Reject(row, BillColumn::Formula, "the quantity is a thousand million or more");
+        return Reject(row, BillColumn::Formula, Say<Text::QuantityTooLarge>());
     item.quantity = {*units, decimals};
 }
 
@@ -154,25 +153,24 @@ std::optional<std::int64_t> BillBuilder::ReadPrice(const BillRow& row, bool mayB
     const std::string_view text = row.fields[BillColumn::Price];
     if (text.empty()) {
         if (!mayBeEmpty)
-            Reject(row, BillColumn::Price, "the unit price is empty");
+            Reject(row, BillColumn::Price, Say<Text::PriceEmpty>());
         return std::nullopt;
     }
     const std::optional<double> price = ParseNumber(FromUtf8(text));
     if (!price) {
-        Reject(row, BillColumn::Price, "the unit price is no number: \"" + std::string(text) + "\"");
+        Reject(row, BillColumn::Price, Say<Text::PriceNoNumber>(text));
         return std::nullopt;
     }
     const std::optional<std::int64_t> steps = RoundToDecimals(*price, PriceDecimals);
     if (!steps)
-        Reject(row, BillColumn::Price, "the unit price is a thousand million yuan or more");
+        Reject(row, BillColumn::Price, Say<Text::PriceTooLarge>());
     return steps;
 }
 
 void BillBuilder::SetAmount(Item& item) {
     const std::optional<std::int64_t> fen = AmountInFen(item.quantity, item.price);
     if (!fen)
-        return Note(Severity::Error, item.place, BillColumn::Price,
-                    "the amount is ten thousand million yuan or more");
+        return Note(Severity::Error, item.place, BillColumn::Price, Say<Text::AmountTooLarge>());
     item.fen = *fen;
 }
 
@@ -197,18 +195,16 @@ void BillBuilder::CloseItem() {
 }
 
 void BillBuilder::ComposePrice(BillItem& item) {
-    const auto reject = [&](std::string reason) {
+    const auto reject = [&](Message reason) {
         Note(Severity::Error, item.place, BillColumn::Price, std::move(reason));
     };
     if (m_badQuota)
-        return reject("the unit price is empty, and its quota row " + AtPlace(*m_badQuota) +
-                      " can't be priced");
+        return reject(Say<Text::PriceOfBadQuota>(AtPlace(*m_badQuota)));
     if (m_quotaRows == 0)
-        return reject("the unit price is empty, and no quota rows compose one");
+        return reject(Say<Text::PriceOfNoQuota>());
     const std::optional<std::int64_t> price = PriceOf(item.quotaFen, item.quantity);
     if (!price)
-        return reject(item.quantity.units == 0 ? "no price can be composed for a quantity of 0"
-                                               : "the composed price is a thousand million yuan or more");
+        return reject(item.quantity.units == 0 ? Say<Text::PriceOfNothing>() : Say<Text::ComposedTooLarge>());
     item.price = *price;
 }
 
@@ -218,8 +214,7 @@ void BillBuilder::WarnOfDuplicates() {
         const BillItem& before = m_bill.items[i - 1];
         if (item.code == before.code)
             Note(Severity::Warning, std::max(item.place, before.place), BillColumn::Code,
-                 "the bill code " + std::string(item.code) + " stands " +
-                     AtPlace(std::min(item.place, before.place)) + " already");
+                 Say<Text::CodeTwice>(item.code, AtPlace(std::min(item.place, before.place))));
     }
 }
 

@@ -28,9 +28,9 @@ public:
     void Finish();
 
 private:
-    void Note(Severity severity, const Place& place, std::size_t column, std::string reason);
-    void Reject(const BillRow& row, std::size_t column, std::string reason);
-    void RejectRow(const Place& place, std::string reason);
+    void Note(Severity severity, const Place& place, std::size_t column, Message reason);
+    void Reject(const BillRow& row, std::size_t column, Message reason);
+    void RejectRow(const Place& place, Message reason);
     void TakeItem(const BillRow& row);
     void TakeQuota(const BillRow& row);
     void CheckQuotaCode(const BillRow& row);

@@ -20,11 +20,11 @@ inline constexpr std::string_view FormulaHeadings[] = {"formula",      "quantity
                                                        "工程量计算式", "计算式",   "表达式"};
 inline constexpr std::string_view PriceHeadings[] = {"price", "unitprice", "单价", "综合单价", "价格"};
 
-inline constexpr std::array Specs = {ColumnSpec{"code", CodeHeadings},
-                                     ColumnSpec{"name", NameHeadings},
-                                     ColumnSpec{"features", FeatureHeadings, false},
-                                     ColumnSpec{"unit", UnitHeadings},
-                                     ColumnSpec{"formula", FormulaHeadings},
-                                     ColumnSpec{"price", PriceHeadings}};
+inline constexpr std::array Specs = {ColumnSpec{Text::ColumnCode, CodeHeadings},
+                                     ColumnSpec{Text::ColumnName, NameHeadings},
+                                     ColumnSpec{Text::ColumnFeatures, FeatureHeadings, false},
+                                     ColumnSpec{Text::ColumnUnit, UnitHeadings},
+                                     ColumnSpec{Text::ColumnFormula, FormulaHeadings},
+                                     ColumnSpec{Text::ColumnPrice, PriceHeadings}};
 
 }  // namespace Estimate::BillColumn

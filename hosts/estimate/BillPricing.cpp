@@ -35,11 +35,11 @@ public:
 private:
     void Print(const Problems& problems) {
         for (const Problem& problem : problems.found)
-            m_streams.err << ProblemText(problems.file, problem) << '\n';
+            m_streams.err << ProblemText(problems.file, problem, m_streams.language) << '\n';
         m_bad = m_bad || problems.badRows > 0;
     }
 
-    Problems& NewProblems(const std::string& file) {
+    Problems& NewProblems(const Message& file) {
         return m_report.problems.emplace_back(Problems{file, {}, 0});
     }
 
@@ -54,9 +54,9 @@ private:
         if (file.stream == nullptr)
             return false;
         Problems& problems = NewProblems(file.name);
-        const std::string refusal = read(*file.stream, problems);
+        const Message refusal = read(*file.stream, problems);
         Print(problems);
-        return refusal.empty() || Refuse(m_streams, file.name + ": " + refusal);
+        return refusal.empty() || Refuse(m_streams, Say<Text::FileReason>(file.name, refusal));
     }
 
     bool ReadVariableTable() {
@@ -70,8 +70,7 @@ private:
             return true;
         m_charges = ChargesOf(*m_options.library, m_options.family);
         // A total without them would be taken for one with them.
-        return m_charges || Refuse(m_streams, "no extra costs of " + *m_options.library + " in family " +
-                                                  m_options.family);
+        return m_charges || Refuse(m_streams, Say<Text::NoExtraCosts>(*m_options.library, m_options.family));
     }
 
     bool ReadRateTable() {
@@ -86,11 +85,12 @@ private:
             return false;
         const bool isDocument = IsMarkup(*file.stream);
         if (isDocument && m_options.bill == "-")
-            return Refuse(m_streams, "a project in XML is read from a file");
+            return Refuse(m_streams, Say<Text::XmlFromFile>());
         Problems& problems = NewProblems(file.name);
-        std::string refusal;
+        Message refusal;
         {
-            Progress progress(m_streams.err, m_streams.errIsTerminal, file.size);
+            Progress progress(m_streams.err, m_streams.errIsTerminal, file.size,
+                              WordingOf(Text::ActivityPricing).In(m_streams.language));
             const auto show = [&](std::uint64_t bytes) { progress.Show(bytes); };
             refusal = isDocument ? ReadDocument(file, problems, show) : ReadTable(file, problems, show);
         }
@@ -99,38 +99,38 @@ private:
     }
 
     /// What the command line says about the project goes before what the project says itself.
-    std::string ReadOptions() {
+    Message ReadOptions() {
         m_report.name = m_options.name;
-        const std::string reason = m_options.area.empty() ? std::string() : SetArea(m_options.area);
-        return reason.empty() ? reason : "--area: " + reason;
+        const Message reason = m_options.area.empty() ? Message() : SetArea(m_options.area);
+        return reason.empty() ? reason : Say<Text::OptionReason>("--area", reason);
     }
 
-    std::string SetArea(const std::string& text) {
+    Message SetArea(const std::string& text) {
         const FormulaResult area = Evaluate(FromUtf8(text), m_variables);
         if (!area.valid)
             return area.remarks.back().reason;
         if (!(area.value > 0))
-            return "the area is not above 0";
+            return Say<Text::AreaNotPositive>();
         m_report.area = area.value;
         return {};
     }
 
-    std::string ReadTable(const InputFile& file, Problems& problems, const ByteProgress& progress) {
-        if (std::string refusal = ReadOptions(); !refusal.empty())
+    Message ReadTable(const InputFile& file, Problems& problems, const ByteProgress& progress) {
+        if (Message refusal = ReadOptions(); !refusal.empty())
             return refusal;
-        const std::string refusal = ReadBill(*file.stream, m_variables, m_report.bill, problems, progress);
-        return refusal.empty() ? refusal : file.name + ": " + refusal;
+        const Message refusal = ReadBill(*file.stream, m_variables, m_report.bill, problems, progress);
+        return refusal.empty() ? refusal : Say<Text::FileReason>(file.name, refusal);
     }
 
-    std::string ReadDocument(InputFile& file, Problems& problems, const ByteProgress& progress) {
+    Message ReadDocument(InputFile& file, Problems& problems, const ByteProgress& progress) {
         // Parsing takes a moment, and tells nothing while it lasts.
         progress(0);
         file.stream.reset();
         const ProjectDocument document(m_options.bill);
         if (document.root == nullptr)
-            return file.name + ": " + document.refusal;
+            return Say<Text::FileReason>(file.name, document.refusal);
         ReadOwnVariables(*document.root, problems);
-        if (std::string refusal = ReadOptions(); !refusal.empty())
+        if (Message refusal = ReadOptions(); !refusal.empty())
             return refusal;
         ReadHead(*document.root, problems);
         const Columns columns(BillColumn::Specs);
@@ -154,8 +154,8 @@ private:
         const std::string area = AttributeText(root, ProjectName::Area);
         if (area.empty() || m_report.area > 0)
             return;
-        if (std::string reason = SetArea(area); !reason.empty()) {
-            problems.found.push_back({Severity::Error, {}, 0, "area", std::move(reason)});
+        if (Message reason = SetArea(area); !reason.empty()) {
+            problems.found.push_back({Severity::Error, {}, 0, Text::ColumnArea, std::move(reason)});
             m_bad = true;
         }
     }
@@ -174,7 +174,7 @@ private:
             WriteReport(m_streams.out);
             return true;
         }
-        const std::string failure =
+        const Message failure =
             WriteOutput(m_options.output, [this](std::ostream& out) { WriteReport(out); });
         return failure.empty() || Refuse(m_streams, failure);
     }

@@ -7,11 +7,10 @@ namespace Estimate {
 namespace {
 
 /// A field more than the headings have means a comma that was meant to be text.
-std::string WidthFault(const CsvRow& row, const Columns& columns) {
+Message WidthFault(const CsvRow& row, const Columns& columns) {
     for (std::size_t i = columns.Width(); i < row.fields.size(); ++i)
         if (!row.fields[i].empty())
-            return "the row has " + std::to_string(row.fields.size()) + " fields and the headings " +
-                   std::to_string(columns.Width()) + "; a text with a comma stands in quotes";
+            return Say<Text::RowTooWide>(row.fields.size(), columns.Width());
     return {};
 }
 
@@ -31,8 +30,8 @@ BillRow RowOf(const CsvRow& fields, const Columns& columns) {
 
 }  // namespace
 
-std::string ReadBillRows(std::istream& in, Columns& columns, const BillRowHandler& handler,
-                         const ByteProgress& progress) {
+Message ReadBillRows(std::istream& in, Columns& columns, const BillRowHandler& handler,
+                     const ByteProgress& progress) {
     const InputText text = DetectText(in);
     if (!text.refusal.empty())
         return text.refusal;
@@ -44,7 +43,7 @@ std::string ReadBillRows(std::istream& in, Columns& columns, const BillRowHandle
     };
     const CsvBreak end = ReadCsv(in, text.encoding, take, progress);
     if (!columns.IsKnown())
-        return end.reason.empty() ? "no row names the columns: " + columns.Missing() : end.reason;
+        return end.reason.empty() ? Say<Text::ColumnsMissing>(columns.Missing()) : end.reason;
     if (!end.reason.empty()) {
         BillRow remains;
         remains.place.line = end.line;
@@ -54,12 +53,12 @@ std::string ReadBillRows(std::istream& in, Columns& columns, const BillRowHandle
     return {};
 }
 
-std::string ReadBill(std::istream& in, const Variables& variables, Bill& bill, Problems& problems,
-                     const ByteProgress& progress) {
+Message ReadBill(std::istream& in, const Variables& variables, Bill& bill, Problems& problems,
+                 const ByteProgress& progress) {
     Columns columns(BillColumn::Specs);
     BillBuilder builder(columns, variables, bill, problems);
     const auto take = [&](const BillRow& row) { builder.Take(row); };
-    std::string refusal = ReadBillRows(in, columns, take, progress);
+    Message refusal = ReadBillRows(in, columns, take, progress);
     if (refusal.empty())
         builder.Finish();
     return refusal;

@@ -19,12 +19,12 @@ namespace Estimate {
 ///
 /// `columns`, made of the columns of a bill, is known from the first row on. The result is empty, or says why
 /// the table can't be read at all.
-std::string ReadBillRows(std::istream& in, Columns& columns, const BillRowHandler& handler,
-                         const ByteProgress& progress = {});
+Message ReadBillRows(std::istream& in, Columns& columns, const BillRowHandler& handler,
+                     const ByteProgress& progress = {});
 
 /// Reads a bill of quantities and prices it row by row; see `BillBuilder`. The bill comes back sorted and
 /// summed. The result is empty, or says why the table can't be read at all.
-std::string ReadBill(std::istream& in, const Variables& variables, Bill& bill, Problems& problems,
-                     const ByteProgress& progress = {});
+Message ReadBill(std::istream& in, const Variables& variables, Bill& bill, Problems& problems,
+                 const ByteProgress& progress = {});
 
 }  // namespace Estimate

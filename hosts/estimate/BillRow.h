@@ -24,7 +24,7 @@ struct BillRow {
     RowKind kind = RowKind::Heading;
     Place place;
     BillFields fields{};  ///< by `BillColumn`, in UTF-8, without white space around them
-    std::string fault;    ///< what is wrong with the row as a whole; empty when nothing is
+    Message fault;        ///< what is wrong with the row as a whole; empty when nothing is
 };
 
 /// The views of a row are valid during the call.

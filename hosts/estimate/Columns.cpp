@@ -62,12 +62,13 @@ bool Columns::TryHeadings(const CsvRow& row) {
     return m_known;
 }
 
-std::string Columns::Missing() const {
-    std::string titles;
+Message Columns::Missing() const {
+    Message titles;
     for (std::size_t i = 0; i < m_specs.size(); ++i) {
         if (!m_specs[i].required || (!m_best.empty() && m_best[i] > 0))
             continue;
-        titles.append(titles.empty() ? "" : ", ").append(m_specs[i].title);
+        const Message title = Message::Of(m_specs[i].title);
+        titles = titles.empty() ? title : Say<Text::Listed>(titles, title);
     }
     return titles;
 }

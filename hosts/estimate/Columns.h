@@ -12,7 +12,7 @@
 namespace Estimate {
 
 struct ColumnSpec {
-    std::string_view title;                      ///< its name in messages
+    Text title;                                  ///< its name in messages
     std::span<const std::string_view> headings;  ///< what it may be called; compared without blanks, case and
                                                  ///< a bracketed remark such as "(元)"
     bool required = true;
@@ -27,13 +27,13 @@ public:
     bool TryHeadings(const CsvRow& row);
     bool IsKnown() const noexcept { return m_known; }
     /// The titles of required columns that the most promising row so far lacks, joined by commas.
-    std::string Missing() const;
+    Message Missing() const;
 
     /// A field without white space around it; empty where the row or the table has no such column.
     std::string_view Field(const CsvRow& row, std::size_t column) const;
     /// The number of a column in the table, from 1; 0 when it has none.
     std::size_t Number(std::size_t column) const { return m_places[column]; }
-    std::string_view Title(std::size_t column) const { return m_specs[column].title; }
+    Text Title(std::size_t column) const { return m_specs[column].title; }
     /// How many fields the heading row has.
     std::size_t Width() const noexcept { return m_width; }
 

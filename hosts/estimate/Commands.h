@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "Language.h"
+
 namespace CLI {
 class App;
 }
@@ -23,7 +25,8 @@ struct Streams {
     std::istream& in;
     std::ostream& out;
     std::ostream& err;
-    bool errIsTerminal = false;
+    bool errIsTerminal = false;  ///< and shows a line that is drawn again and again
+    Language language = Language::English;
 };
 
 /// Runs the program: `arguments` without the program's name. Returns an `ExitStatus`.

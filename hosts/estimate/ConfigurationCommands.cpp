@@ -5,10 +5,7 @@
 #include <map>
 #include <memory>
 
-#include <CLI/App.hpp>
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
-
+#include "CommandLine.h"
 #include "Commands.h"
 #include "Refusal.h"
 #include "TextWidth.h"
@@ -43,7 +40,7 @@ int ExtraCosts(const ExtraCostOptions& options, const Streams& streams) {
     const std::list<CString>* const heights = IQsUtils1::GetOverHeightList(library, family);
     const std::map<CString, CString>* const types = IQsUtils1::GetExtraCostTypeList(library, family);
     if (heights == nullptr || types == nullptr) {
-        Refuse(streams, "no extra costs of " + options.library + " in family " + options.family);
+        Refuse(streams, Say<Text::NoExtraCosts>(options.library, options.family));
         return SomeBad;
     }
     for (const CString& height : *heights)
@@ -74,7 +71,7 @@ int Marks(const MarkOptions& options, const Streams& streams) {
         streams.out << Padded(ToUtf8(code), 12) << ' ' << ToUtf8(name) << '\n';
     if (!marks.empty())
         return AllDone;
-    Refuse(streams, "the installation has no such marks");
+    Refuse(streams, Say<Text::NoMarks>());
     return SomeBad;
 }
 
@@ -98,30 +95,31 @@ int History(const HistoryOptions& options, const Streams& streams) {
 
 void AddExtraCosts(CLI::App& app, const Streams& streams, int& status) {
     auto options = std::make_shared<ExtraCostOptions>();
-    CLI::App* command =
-        app.add_subcommand("extra-costs", "Show what a cost library charges on top, and on what");
-    command->add_option("library", options->library, "The name of a library file of an item")->required();
-    command->add_option("-f,--family", options->family, "The library's family")->required();
+    const Words words(streams.language);
+    CLI::App* command = app.add_subcommand("extra-costs", words(Text::HelpExtraCosts));
+    command->add_option("library", options->library, words(Text::HelpExtraCostsLibrary))->required();
+    command->add_option("-f,--family", options->family, words(Text::HelpExtraCostsFamily))->required();
     command->callback([options, &streams, &status] { status = ExtraCosts(*options, streams); });
 }
 
 void AddMarks(CLI::App& app, const Streams& streams, int& status) {
     auto options = std::make_shared<MarkOptions>();
-    CLI::App* command = app.add_subcommand("marks", "Show the marks that items can bear");
-    command->add_option("group", options->group, "The kind of item")
+    const Words words(streams.language);
+    CLI::App* command = app.add_subcommand("marks", words(Text::HelpMarks));
+    command->add_option("group", options->group, words(Text::HelpMarksGroup))
         ->required()
-        ->check(CLI::IsMember({"measures", "taxes", "fees", "other", "provisional"}));
-    command->add_flag("--quota", options->quota, "The marks of quota mode instead of bill mode");
-    command->add_option("--folder", options->folder,
-                        "A folder of the tender templates that has its own marks");
+        ->check(OneOf({"measures", "taxes", "fees", "other", "provisional"}, streams.language));
+    command->add_flag("--quota", options->quota, words(Text::HelpMarksQuota));
+    command->add_option("--folder", options->folder, words(Text::HelpMarksFolder));
     command->callback([options, &streams, &status] { status = Marks(*options, streams); });
 }
 
 void AddHistory(CLI::App& app, const Streams& streams, int& status) {
     auto options = std::make_shared<HistoryOptions>();
-    CLI::App* command = app.add_subcommand("history", "Show what was typed into an input field last");
-    command->add_option("field", options->field, "The input field")->required();
-    command->add_option("value", options->values, "Values to be put in front before");
+    const Words words(streams.language);
+    CLI::App* command = app.add_subcommand("history", words(Text::HelpHistory));
+    command->add_option("field", options->field, words(Text::HelpHistoryField))->required();
+    command->add_option("value", options->values, words(Text::HelpHistoryValue));
     command->callback([options, &streams, &status] { status = History(*options, streams); });
 }
 

@@ -1,10 +1,7 @@
 #include <memory>
 
-#include <CLI/App.hpp>
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
-
 #include "BillReader.h"
+#include "CommandLine.h"
 #include "Commands.h"
 #include "Files.h"
 #include "InputText.h"
@@ -48,25 +45,25 @@ public:
 private:
     bool CheckOptions() {
         if (m_target == ProjectForm::Table && !EndsWith(m_options.output, ".csv"))
-            return Refuse(m_streams, "the output ends with .xml or .csv: " + m_options.output);
+            return Refuse(m_streams, Say<Text::OutputEnding>(m_options.output));
         if (m_options.output == m_options.variableOutput)
-            return Refuse(m_streams, "--output and --vars-out are the same file");
-        if (const std::string reason = WhyNoXml(m_options.name); !reason.empty())
-            return Refuse(m_streams, "--name: " + reason);
-        if (const std::string reason = WhyNoXml(m_options.area); !reason.empty())
-            return Refuse(m_streams, "--area: " + reason);
+            return Refuse(m_streams, Say<Text::SameOutput>());
+        if (const Message reason = WhyNoXml(m_options.name); !reason.empty())
+            return Refuse(m_streams, Say<Text::OptionReason>("--name", reason));
+        if (const Message reason = WhyNoXml(m_options.area); !reason.empty())
+            return Refuse(m_streams, Say<Text::OptionReason>("--area", reason));
         m_project.name = m_options.name;
         m_project.area = m_options.area;
         return true;
     }
 
     /// A project with a row missing would be priced to another total, so that all is converted or nothing.
-    bool Accept(const Problems& problems, const std::string& refusal) {
+    bool Accept(const Problems& problems, const Message& refusal) {
         for (const Problem& problem : problems.found)
-            m_streams.err << ProblemText(problems.file, problem) << '\n';
+            m_streams.err << ProblemText(problems.file, problem, m_streams.language) << '\n';
         if (!refusal.empty())
-            return Refuse(m_streams, problems.file + ": " + refusal);
-        return problems.found.empty() || Refuse(m_streams, "nothing is written");
+            return Refuse(m_streams, Say<Text::FileReason>(problems.file, refusal));
+        return problems.found.empty() || Refuse(m_streams, Say<Text::NothingWritten>());
     }
 
     bool ReadInput() {
@@ -75,24 +72,25 @@ private:
             return false;
         const bool isDocument = IsMarkup(*file.stream);
         if (isDocument && m_options.input == "-")
-            return Refuse(m_streams, "a project in XML is read from a file");
+            return Refuse(m_streams, Say<Text::XmlFromFile>());
         Problems problems{file.name, {}, 0};
-        std::string refusal;
+        Message refusal;
         {
-            Progress progress(m_streams.err, m_streams.errIsTerminal, file.size, "converting");
+            Progress progress(m_streams.err, m_streams.errIsTerminal, file.size,
+                              WordingOf(Text::ActivityConverting).In(m_streams.language));
             const auto show = [&](std::uint64_t bytes) { progress.Show(bytes); };
             refusal = isDocument ? ReadDocument(file, problems, show) : ReadBillTable(file, problems, show);
         }
         return Accept(problems, refusal);
     }
 
-    std::string ReadBillTable(const InputFile& file, Problems& problems, const ByteProgress& progress) {
+    Message ReadBillTable(const InputFile& file, Problems& problems, const ByteProgress& progress) {
         Columns columns(BillColumn::Specs);
         const auto take = [&](const BillRow& row) { m_collector.Take(row, columns, problems); };
         return ReadBillRows(*file.stream, columns, take, progress);
     }
 
-    std::string ReadDocument(InputFile& file, Problems& problems, const ByteProgress& progress) {
+    Message ReadDocument(InputFile& file, Problems& problems, const ByteProgress& progress) {
         progress(0);
         file.stream.reset();  // so that the output may take its place
         const ProjectDocument document(m_options.input);
@@ -124,14 +122,14 @@ private:
         Problems problems{file.name, {}, 0};
         Columns columns(VariableColumn::Specs);
         const auto take = [&](const VariableRow& row) { m_collector.Take(row, columns, problems); };
-        const std::string refusal = ReadVariableRows(*file.stream, columns, take);
+        const Message refusal = ReadVariableRows(*file.stream, columns, take);
         return Accept(problems, refusal);
     }
 
     using TableWriter = void (*)(std::ostream&, const Project&);
 
     bool WriteTable(const std::string& path, TableWriter write) {
-        const std::string failure = WriteOutput(path, [&](std::ostream& out) {
+        const Message failure = WriteOutput(path, [&](std::ostream& out) {
             out << (m_options.mark ? "\xEF\xBB\xBF" : "");
             write(out, m_project);
         });
@@ -142,11 +140,11 @@ private:
         if (!m_options.variableOutput.empty() && !WriteTable(m_options.variableOutput, WriteVariableTable))
             return false;
         if (m_target == ProjectForm::Document) {
-            const std::string failure = WriteDocument(m_options.output, m_project);
+            const Message failure = WriteDocument(m_options.output, m_project);
             return failure.empty() || Refuse(m_streams, failure);
         }
         if (!m_project.variables.empty() && m_options.variableOutput.empty())
-            m_streams.err << "estimate: warning: the variables are left out; --vars-out writes them\n";
+            Warn(m_streams, Say<Text::VariablesLeftOut>());
         return WriteTable(m_options.output, WriteBillTable);
     }
 
@@ -161,23 +159,20 @@ private:
 
 void AddConvert(CLI::App& app, const Streams& streams, int& status) {
     auto options = std::make_shared<ConvertOptions>();
-    CLI::App* command =
-        app.add_subcommand("convert", "Convert a project between CSV and XML, without pricing it");
-    command
-        ->add_option("input", options->input,
-                     "A bill in CSV or a project in XML; CSV may come from standard input, \"-\"")
+    const Words words(streams.language);
+    CLI::App* command = app.add_subcommand("convert", words(Text::HelpConvert));
+    command->add_option("input", options->input, words(Text::HelpConvertInput))
+        ->type_name(FileType)
         ->required();
-    command->add_option("--vars", options->variables,
-                        "Variables: CSV with name and value; they replace those of the project");
-    command
-        ->add_option("-o,--output", options->output,
-                     "The file to write: a project with its variables when it ends with .xml, the bill when "
-                     "with .csv")
+    command->add_option("--vars", options->variables, words(Text::HelpConvertVars))->type_name(FileType);
+    command->add_option("-o,--output", options->output, words(Text::HelpConvertOutput))
+        ->type_name(FileType)
         ->required();
-    command->add_option("--vars-out", options->variableOutput, "Write the variables to this file as CSV");
-    command->add_option("--name", options->name, "The project's name, for XML");
-    command->add_option("--area", options->area, "The floor area in m2, a number or formula, for XML");
-    command->add_flag("--bom", options->mark, "Begin CSV with a byte-order mark, for spreadsheets");
+    command->add_option("--vars-out", options->variableOutput, words(Text::HelpConvertVarsOut))
+        ->type_name(FileType);
+    command->add_option("--name", options->name, words(Text::HelpConvertName));
+    command->add_option("--area", options->area, words(Text::HelpConvertArea));
+    command->add_flag("--bom", options->mark, words(Text::HelpConvertBom));
     command->callback([options, &streams, &status] { status = ConvertCommand(*options, streams).Run(); });
 }
 

@@ -64,7 +64,8 @@ void WriteTotals(CsvWriter& csv, const Report& report) {
     csv.Write({"capital", "", CapitalText(TotalFen(report)), "", "", "", "", "", "", ""});
     for (const Problems& file : report.problems)
         for (const Problem& problem : file.found)
-            csv.Write({"problem", "", "", "", "", "", "", "", "", ProblemText(file.file, problem)});
+            csv.Write({"problem", "", "", "", "", "", "", "", "",
+                       ProblemText(file.file, problem, Language::English)});
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ public:
     CsvBreak Finish() {
         csv_set_opts(&m_parser, CSV_REPALL_NL | CSV_STRICT | CSV_STRICT_FINI);
         if (csv_fini(&m_parser, OnField, OnRow, this) != 0)
-            return {m_rowLine, "a quote opened in this row is never closed"};
+            return {m_rowLine, Say<Text::QuoteOpen>()};
         Rethrow();
         return {};
     }
@@ -133,7 +133,7 @@ CsvBreak ReadCsv(std::istream& in, Encoding encoding, const RowHandler& handler,
             progress(bytes);
     }
     if (in.bad())
-        return {reader.RowLine(), "the input can't be read any further"};
+        return {reader.RowLine(), Say<Text::InputBroken>()};
     return reader.Finish();
 }
 

@@ -23,7 +23,7 @@ using ByteProgress = std::function<void(std::uint64_t)>;
 /// Why and at which row a text broke off; the reason is empty when it didn't.
 struct CsvBreak {
     std::size_t line = 0;
-    std::string reason;
+    Message reason;
 };
 
 /// Hands every row that isn't blank to `handler`, in order. Commas separate fields, quotes enclose them, and

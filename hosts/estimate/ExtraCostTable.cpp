@@ -21,8 +21,9 @@ enum Column : std::size_t { Name, Rate, Code };
 constexpr std::string_view NameHeadings[] = {"name", "extracost", "名称", "费用名称", "增加费", "增加费名称"};
 constexpr std::string_view RateHeadings[] = {"rate", "percent", "费率", "增加费率"};
 constexpr std::string_view CodeHeadings[] = {"code", "itemcode", "编码", "清单编码", "项目编码", "适用编码"};
-constexpr std::array Specs = {ColumnSpec{"name", NameHeadings}, ColumnSpec{"rate", RateHeadings},
-                              ColumnSpec{"code", CodeHeadings, false}};
+constexpr std::array Specs = {ColumnSpec{Text::ColumnName, NameHeadings},
+                              ColumnSpec{Text::ColumnRate, RateHeadings},
+                              ColumnSpec{Text::ColumnCode, CodeHeadings, false}};
 
 constexpr double HighestRate = 1000;
 constexpr std::size_t BillCodeLength = 12;
@@ -51,7 +52,7 @@ public:
     RateReading(const LibraryCharges& charges, std::vector<ExtraCostRate>& rates, Problems& problems)
         : m_charges(charges), m_rates(rates), m_problems(problems) {}
 
-    std::string Run(std::istream& in) {
+    Message Run(std::istream& in) {
         const InputText text = DetectText(in);
         if (!text.refusal.empty())
             return text.refusal;
@@ -63,50 +64,46 @@ public:
         });
         if (!end.reason.empty())
             Note(end.line, std::nullopt, end.reason);
-        return m_columns.IsKnown() ? std::string() : "no row names the columns: " + m_columns.Missing();
+        return m_columns.IsKnown() ? Message() : Say<Text::ColumnsMissing>(m_columns.Missing());
     }
 
 private:
     void Take(const CsvRow& row) {
         const std::string name(m_columns.Field(row, Name));
         const std::optional<ExtraCostKind> kind = m_charges.KindOf(name);
-        if (std::string reason = WhyNotCharged(name, kind); !reason.empty())
+        if (Message reason = WhyNotCharged(name, kind); !reason.empty())
             return Note(row.line, Name, std::move(reason));
         const std::string_view rateText = m_columns.Field(row, Rate);
         const std::optional<std::int64_t> rate = ParseRate(rateText);
         if (!rate)
-            return Note(row.line, Rate,
-                        "the rate is no number of percent from 0 to 1000: \"" + std::string(rateText) + "\"");
+            return Note(row.line, Rate, Say<Text::RateNoNumber>(rateText));
         const std::string code(m_columns.Field(row, Code));
-        if (std::string reason = WhyNotFor(*kind, code); !reason.empty())
+        if (Message reason = WhyNotFor(*kind, code); !reason.empty())
             return Note(row.line, Code, std::move(reason));
         // An item has one height, so the options stand in for each other.
         const std::string charge = *kind == ExtraCostKind::OverHeight ? std::string() : name;
         const auto [first, isNew] = m_lines.emplace(std::tuple(*kind, charge, code), row.line);
         if (!isNew)
-            return Note(row.line, code.empty() ? Name : Code,
-                        "these items have a rate already, on line " + std::to_string(first->second));
+            return Note(row.line, code.empty() ? Name : Code, Say<Text::RateTwice>(first->second));
         m_rates.push_back({*kind, name, code, *rate});
     }
 
-    std::string WhyNotCharged(const std::string& name, std::optional<ExtraCostKind> kind) const {
+    Message WhyNotCharged(const std::string& name, std::optional<ExtraCostKind> kind) const {
         if (!kind)
-            return name.empty() ? "the name is empty"
-                                : "the library " + m_charges.library + " has no extra cost of this name: \"" +
-                                      name + "\"";
-        return *kind == ExtraCostKind::Unknown ? "the library doesn't say on what \"" + name + "\" is charged"
-                                               : std::string();
+            return name.empty() ? Say<Text::NameEmpty>()
+                                : Say<Text::NoSuchExtraCost>(m_charges.library, name);
+        return *kind == ExtraCostKind::Unknown ? Say<Text::ChargedOnUnknown>(name) : Message();
     }
 
-    static std::string WhyNotFor(ExtraCostKind kind, std::string_view code) {
+    static Message WhyNotFor(ExtraCostKind kind, std::string_view code) {
         if (!IsCodeBeginning(code))
-            return "the code is no beginning of a bill code, up to 12 digits: \"" + std::string(code) + "\"";
+            return Say<Text::NoCodeBeginning>(code);
         if (!code.empty() && (kind == ExtraCostKind::Project || kind == ExtraCostKind::Composite))
-            return "this extra cost is charged on the whole, not on some items";
+            return Say<Text::ChargedOnWhole>();
         return {};
     }
 
-    void Note(std::size_t line, std::optional<Column> column, std::string reason) {
+    void Note(std::size_t line, std::optional<Column> column, Message reason) {
         Problem problem;
         problem.place.line = line;
         if (column) {
@@ -127,8 +124,8 @@ private:
 
 }  // namespace
 
-std::string ReadExtraCostRates(std::istream& in, const LibraryCharges& charges,
-                               std::vector<ExtraCostRate>& rates, Problems& problems) {
+Message ReadExtraCostRates(std::istream& in, const LibraryCharges& charges, std::vector<ExtraCostRate>& rates,
+                           Problems& problems) {
     return RateReading(charges, rates, problems).Run(in);
 }
 

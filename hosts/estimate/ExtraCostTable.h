@@ -13,7 +13,7 @@ namespace Estimate {
 /// Reads a table with the columns name, rate (in percent) and, if it likes, code. Rows that name nothing of
 /// the library's, that hold no rate from 0 to 1000 % or that say a thing twice are noted in `problems` and
 /// left out. The result is empty, or says why the table can't be read at all.
-std::string ReadExtraCostRates(std::istream& in, const LibraryCharges& charges,
-                               std::vector<ExtraCostRate>& rates, Problems& problems);
+Message ReadExtraCostRates(std::istream& in, const LibraryCharges& charges, std::vector<ExtraCostRate>& rates,
+                           Problems& problems);
 
 }  // namespace Estimate

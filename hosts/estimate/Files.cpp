@@ -26,10 +26,10 @@ InputFile OpenInput(const std::string& path, std::istream& standardInput) {
         contents->clear();
         file.size = contents->view().size();
         file.stream = std::move(contents);
-        file.name = "(standard input)";
+        file.name = Say<Text::StandardInput>();
         return file;
     }
-    file.name = path;
+    file.name = Message::Same(path);
     std::error_code error;
     const fs::path native = FromArgument(path);
     if (!fs::is_regular_file(native, error))
@@ -60,7 +60,7 @@ bool UseInstallation(const std::string& folder) {
     return path && DirectoryManager::UseInstallation(CString(*path));
 }
 
-std::string WriteOutput(const std::string& path, const std::function<void(std::ostream&)>& write) {
+Message WriteOutput(const std::string& path, const std::function<void(std::ostream&)>& write) {
     const fs::path target = FromArgument(path);
     std::error_code error;
     const bool direct = IsDevice(target);
@@ -69,7 +69,7 @@ std::string WriteOutput(const std::string& path, const std::function<void(std::o
         part += ".part";
     std::ofstream out(part, std::ios::binary);
     if (!out.is_open())
-        return "the file can't be written: " + path;
+        return Say<Text::FileUnwritable>(path);
     write(out);
     out.close();
     const bool written = !out.fail();
@@ -79,7 +79,7 @@ std::string WriteOutput(const std::string& path, const std::function<void(std::o
         return {};
     if (!direct)
         fs::remove(part, error);
-    return "the file can't be written: " + path;
+    return Say<Text::FileUnwritable>(path);
 }
 
 }  // namespace Estimate

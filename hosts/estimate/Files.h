@@ -11,12 +11,14 @@
 
 #include <QsUtils/QsUtils.h>
 
+#include "Message.h"
+
 namespace Estimate {
 
 struct InputFile {
     std::unique_ptr<std::istream> stream;  ///< seekable; null when the file can't be read
     std::uint64_t size = 0;                ///< in bytes
-    std::string name;                      ///< for messages
+    Message name;                          ///< for messages
 };
 
 /// Opens a file; "-" reads standard input to its end.
@@ -35,6 +37,6 @@ bool UseInstallation(const std::string& folder);
 
 /// Lets `write` fill a file. It is put in place only when all is written, so that a failure leaves what was
 /// there before. The result is empty, or says what failed.
-std::string WriteOutput(const std::string& path, const std::function<void(std::ostream&)>& write);
+Message WriteOutput(const std::string& path, const std::function<void(std::ostream&)>& write);
 
 }  // namespace Estimate

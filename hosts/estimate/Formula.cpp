@@ -17,23 +17,17 @@ constexpr double LeastDivisor = 1e-7;
 // A formula full of strange words is explained by its first few.
 constexpr std::size_t MostRemarks = 5;
 
-const char* ParseErrorText(std::int32_t code) {
+Message ParseFault(std::int32_t code) {
     switch (code) {
         case 2:
-            return "the numbers of \"(\" and \")\" differ";
+            return Say<Text::FormulaRound>();
         case 3:
-            return "the numbers of \"[\" and \"]\" differ";
+            return Say<Text::FormulaSquare>();
         case 4:
-            return "the numbers of \"{\" and \"}\" differ";
+            return Say<Text::FormulaCurly>();
         default:
-            return "an operand is missing";
+            return Say<Text::OperandMissing>();
     }
-}
-
-std::string Quoted(const std::string& text) {
-    std::string quoted(1, '"');
-    quoted.append(text).push_back('"');
-    return quoted;
 }
 
 enum class Number { None, Good, Malformed };
@@ -76,7 +70,7 @@ public:
     }
 
 private:
-    void Error(std::string reason) {
+    void Error(Message reason) {
         if (m_result.remarks.size() < MostRemarks)
             m_result.remarks.push_back({Severity::Error, std::move(reason)});
     }
@@ -88,8 +82,7 @@ private:
             !left->IsNodeType(ExpressionAnalyse::eNodeType_Bracket)) {
             const std::string name = ToUtf8(node.GetNodeText());
             const std::string rest = left->IsLeaf() ? ToUtf8(left->GetNodeText()) : "…";
-            return Error(Quoted(name + rest) + " is read as the function " + name +
-                         "; its argument stands in brackets");
+            return Error(Say<Text::FunctionName>(name, rest));
         }
         if (right != nullptr && node.GetNodeText() == u"/")
             m_divisors.push_back(right);
@@ -101,25 +94,25 @@ private:
 
     void BindLeaf(IExpressionNode& leaf) {
         if (leaf.IsNodeType(ExpressionAnalyse::eNodeType_Bracket))
-            return Error("brackets stand around nothing");
+            return Error(Say<Text::BracketsEmpty>());
         const CString text = leaf.GetNodeText();
         if (leaf.IsNodeType(ExpressionAnalyse::eNodeType_Function))
-            return Error("the function " + ToUtf8(text) + " has no argument");
+            return Error(Say<Text::FunctionAlone>(ToUtf8(text)));
         if (const Number number = ReadNumber(text.View()); number != Number::None) {
             if (number == Number::Malformed)
-                Error(Quoted(ToUtf8(text)) + " is no number");
+                Error(Say<Text::OperandNoNumber>(ToUtf8(text)));
             return;
         }
         if (text.CompareNoCase(u"Q") == 0)
             return BindAmount(leaf);
         if (const CString* value = m_variables.Find(text))
             return leaf.SetLeafText(*value);
-        Error(Quoted(ToUtf8(text)) + " is neither a number nor a known variable");
+        Error(Say<Text::OperandUnknown>(ToUtf8(text)));
     }
 
     void BindAmount(IExpressionNode& leaf) {
         if (m_amount == nullptr)
-            return Error("there is no project amount that Q could stand for");
+            return Error(Say<Text::NoProjectAmount>());
         leaf.SetLeafText(*m_amount);
     }
 
@@ -135,7 +128,7 @@ bool HasError(const FormulaResult& result) {
         result.remarks, [](const FormulaRemark& remark) { return remark.severity == Severity::Error; });
 }
 
-FormulaResult Failed(FormulaResult result, std::string reason) {
+FormulaResult Failed(FormulaResult result, Message reason) {
     result.remarks.push_back({Severity::Error, std::move(reason)});
     return result;
 }
@@ -148,9 +141,9 @@ FormulaResult Evaluate(const CString& formula, const Variables& variables, const
     std::int32_t code = 0;
     const Tree tree(ExpressionAnalyse::GetExpressionAnalyser()->AnalyseExpression(text, &code));
     if (code != 0)
-        return Failed(std::move(result), ParseErrorText(code));
+        return Failed(std::move(result), ParseFault(code));
     if (tree == nullptr)
-        return Failed(std::move(result), "the formula is empty");
+        return Failed(std::move(result), Say<Text::FormulaEmpty>());
     result.remarks = RemarksOn(text);
     // The pieces of a product inside brackets would only be reported as strange operands.
     if (HasError(result))
@@ -160,10 +153,10 @@ FormulaResult Evaluate(const CString& formula, const Variables& variables, const
     if (HasError(result))
         return result;
     if (binder.DividesByZero())
-        return Failed(std::move(result), "a divisor is zero");
+        return Failed(std::move(result), Say<Text::DivisorZero>());
     result.value = tree->CalcValue();
     result.valid = std::isfinite(result.value);
-    return result.valid ? result : Failed(std::move(result), "the result is no finite number");
+    return result.valid ? result : Failed(std::move(result), Say<Text::ResultNotFinite>());
 }
 
 }  // namespace Estimate

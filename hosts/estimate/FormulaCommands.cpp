@@ -3,10 +3,7 @@
 #include <memory>
 #include <optional>
 
-#include <CLI/App.hpp>
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
-
+#include "CommandLine.h"
 #include "Commands.h"
 #include "Decimal.h"
 #include "Formula.h"
@@ -28,12 +25,13 @@ bool Bind(const std::vector<std::string>& bindings, const Streams& streams, Vari
     for (const std::string& binding : bindings) {
         const std::size_t equals = binding.find('=');
         const bool split = equals != std::string::npos;
-        const std::string reason = split
-                                       ? variables.Add(FromUtf8(std::string_view(binding).substr(0, equals)),
-                                                       FromUtf8(std::string_view(binding).substr(equals + 1)))
-                                       : "NAME=VALUE is asked for";
+        const Message reason = split ? variables
+                                           .Add(FromUtf8(std::string_view(binding).substr(0, equals)),
+                                                FromUtf8(std::string_view(binding).substr(equals + 1)))
+                                           .reason
+                                     : Say<Text::BindingForm>();
         if (!reason.empty())
-            return Refuse(streams, "--var " + binding + ": " + reason);
+            return Refuse(streams, Say<Text::BindingReason>(binding, reason));
     }
     return true;
 }
@@ -45,10 +43,10 @@ bool ReadTable(const std::string& path, const Streams& streams, Variables& varia
     if (file.stream == nullptr)
         return false;
     Problems problems{file.name, {}, 0};
-    const std::string refusal = ReadVariables(*file.stream, variables, problems);
+    const Message refusal = ReadVariables(*file.stream, variables, problems);
     for (const Problem& problem : problems.found)
-        streams.err << ProblemText(problems.file, problem) << '\n';
-    return refusal.empty() || Refuse(streams, file.name + ": " + refusal);
+        streams.err << ProblemText(problems.file, problem, streams.language) << '\n';
+    return refusal.empty() || Refuse(streams, Say<Text::FileReason>(file.name, refusal));
 }
 
 std::string ValueText(double value, int decimals) {
@@ -65,7 +63,7 @@ int Eval(const EvalOptions& options, const Streams& streams) {
         return CannotRun;
     const CString amount = FromUtf8(options.amount);
     if (!options.amount.empty() && !ParseNumber(amount)) {
-        Refuse(streams, "--amount: no number: " + options.amount);
+        Refuse(streams, Say<Text::AmountNoNumber>(options.amount));
         return CannotRun;
     }
     int status = AllDone;
@@ -73,8 +71,8 @@ int Eval(const EvalOptions& options, const Streams& streams) {
         const FormulaResult result =
             Evaluate(FromUtf8(formula), variables, options.amount.empty() ? nullptr : &amount);
         for (const FormulaRemark& remark : result.remarks)
-            streams.err << formula << ": " << (remark.severity == Severity::Error ? "error: " : "warning: ")
-                        << remark.reason << '\n';
+            streams.err << formula << ": " << SeverityPrefix(remark.severity).In(streams.language)
+                        << remark.reason.In(streams.language) << '\n';
         if (result.valid)
             streams.out << ValueText(result.value, options.decimals) << '\n';
         else
@@ -121,28 +119,25 @@ int Vars(const VarsOptions& options, const Streams& streams) {
 
 void AddEval(CLI::App& app, const Streams& streams, int& status) {
     auto options = std::make_shared<EvalOptions>();
-    CLI::App* command = app.add_subcommand("eval", "Calculate formulas, one result a line");
-    command->add_option("formula", options->formulas,
-                        "Formulas; lines of standard input when there are none");
-    command->add_option("--var", options->bindings, "A variable: NAME=VALUE")->allow_extra_args(false);
-    command->add_option("--vars", options->variables, "Variables from a CSV file with name and value");
-    command->add_option("-q,--amount", options->amount, "The project amount that Q stands for");
-    command
-        ->add_option("-d,--decimals", options->decimals, "Round to this many decimals, half away from zero")
-        ->check(CLI::Range(0, MaxDecimals));
+    const Words words(streams.language);
+    CLI::App* command = app.add_subcommand("eval", words(Text::HelpEval));
+    command->add_option("formula", options->formulas, words(Text::HelpFormulas));
+    command->add_option("--var", options->bindings, words(Text::HelpEvalVar))->allow_extra_args(false);
+    command->add_option("--vars", options->variables, words(Text::HelpEvalVars))->type_name(FileType);
+    command->add_option("-q,--amount", options->amount, words(Text::HelpEvalAmount));
+    command->add_option("-d,--decimals", options->decimals, words(Text::HelpEvalDecimals))
+        ->check(Between(0, MaxDecimals, streams.language));
     command->callback([options, &streams, &status] { status = Eval(*options, streams); });
 }
 
 void AddVars(CLI::App& app, const Streams& streams, int& status) {
     auto options = std::make_shared<VarsOptions>();
-    CLI::App* command = app.add_subcommand("vars", "List the variables that the texts of formulas hold");
-    command->add_option("formula", options->formulas,
-                        "Formulas; lines of standard input when there are none");
-    command->add_flag("-u,--unique", options->unique, "Leave out a variable that is listed already");
-    auto* positions =
-        command->add_flag("-p,--positions", options->positions, "Show at which character each variable ends");
-    command->add_option("-q,--amount", options->amount, "Print the formula with this amount in place of Q")
-        ->excludes(positions);
+    const Words words(streams.language);
+    CLI::App* command = app.add_subcommand("vars", words(Text::HelpVars));
+    command->add_option("formula", options->formulas, words(Text::HelpFormulas));
+    command->add_flag("-u,--unique", options->unique, words(Text::HelpVarsUnique));
+    auto* positions = command->add_flag("-p,--positions", options->positions, words(Text::HelpVarsPositions));
+    command->add_option("-q,--amount", options->amount, words(Text::HelpVarsAmount))->excludes(positions);
     command->callback([options, &streams, &status] { status = Vars(*options, streams); });
 }
 

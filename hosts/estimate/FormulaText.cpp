@@ -43,24 +43,18 @@ private:
     void SeeProduct(char16_t unit, int position) {
         if (m_minus.size() > 1 && !m_product) {
             m_product = true;
-            remarks.push_back(
-                {Severity::Error, "at " + std::to_string(position) +
-                                      ": a product or quotient inside brackets isn't calculated as "
-                                      "written; write it without the brackets"});
+            remarks.push_back({Severity::Error, Say<Text::ProductInBrackets>(position)});
         }
         if (unit == u'^' && !m_power) {
             m_power = true;
-            remarks.push_back({Severity::Warning, "at " + std::to_string(position) + ": \"^\" multiplies"});
+            remarks.push_back({Severity::Warning, Say<Text::PowerMultiplies>(position)});
         }
     }
 
     void SeeAdditive(char16_t unit, int position) {
         if (m_minus.back() && !m_chain) {
             m_chain = true;
-            remarks.push_back(
-                {Severity::Warning, "at " + std::to_string(position) +
-                                        ": all that stands behind a minus is subtracted, so 10-2-3 is "
-                                        "11; write 10-(2+3) for 5 and put additions in front"});
+            remarks.push_back({Severity::Warning, Say<Text::MinusChain>(position)});
         }
         m_minus.back() = m_minus.back() || unit == u'-';
     }

@@ -19,7 +19,7 @@ CString FunctionPrefix(const CString& operand);
 
 struct FormulaRemark {
     Severity severity = Severity::Error;
-    std::string reason;
+    Message reason;
 };
 
 /// What a reader used to school arithmetic wouldn't expect. Errors: a product or quotient inside brackets,

@@ -52,9 +52,9 @@ InputText DetectText(std::istream& in) {
     InputText text;
     text.size = contents.size;
     if (contents.head.starts_with(Utf16Mark) || contents.head.starts_with(SwappedMark))
-        text.refusal = "the text is UTF-16; save it as CSV in UTF-8 or GBK";
+        text.refusal = Say<Text::TextUtf16>();
     else if (contents.hasNul)
-        text.refusal = "this is no text: it holds NUL bytes";
+        text.refusal = Say<Text::TextBinary>();
     text.encoding = contents.utf8 ? Encoding::Utf8 : Encoding::Gbk;
     in.clear();
     in.seekg(contents.utf8 && contents.head == Utf8Mark ? static_cast<std::streamoff>(Utf8Mark.size()) : 0);

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "Message.h"
+
 namespace Estimate {
 
 enum class Encoding { Utf8, Gbk };
@@ -13,7 +15,7 @@ enum class Encoding { Utf8, Gbk };
 struct InputText {
     Encoding encoding = Encoding::Utf8;
     std::uint64_t size = 0;  ///< in bytes, with the byte-order mark
-    std::string refusal;     ///< why the input is no text; empty when it is one
+    Message refusal;         ///< why the input is no text; empty when it is one
 };
 
 /// Reads the whole of `in` once, in pieces, and leaves it at the first character of the text. UTF-8 with or

@@ -67,17 +67,18 @@ Json ResourceJson(const Resource& resource) {
             {"amount", ToDouble({resource.fen, 2})}};
 }
 
-Json ProblemJson(const std::string& file, const Problem& problem) {
-    Json json = {{"file", file}};
+// A file that programs read has one language.
+Json ProblemJson(const Message& file, const Problem& problem) {
+    Json json = {{"file", file.In(Language::English)}};
     if (problem.place.line > 0) {
         json["line"] = problem.place.line;
         json["column"] = problem.column;
     } else {
-        json["element"] = PlaceText(problem.place);
+        json["element"] = PlaceText(problem.place).In(Language::English);
     }
-    json["heading"] = problem.heading;
+    json["heading"] = problem.heading ? WordingOf(*problem.heading).english : std::string_view();
     json["severity"] = problem.severity == Severity::Error ? "error" : "warning";
-    json["reason"] = problem.reason;
+    json["reason"] = problem.reason.In(Language::English);
     return json;
 }
 

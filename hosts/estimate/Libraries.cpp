@@ -134,23 +134,23 @@ bool Exists(const fs::path& path) {
 
 }  // namespace
 
-std::string WhatLibrariesLack() {
+Message WhatLibrariesLack() {
     const CString folder = DirectoryManager::GetCommonDirectoryManager()->GetExeDirectory();
     const CString config = folder + u"DirectoryConfig.xml";
     const CString visitor = GetProjectDirectoryManager()->GetLibVisitorDirectory();
     if (GetLibraryDirectoryManager()->GetLibraryDirectoryVisitor() == nullptr) {
         if (!Exists(ToNativePath(config)))
-            return "no installation: there is no " + ShownPath(config);
+            return Say<Text::NoInstallation>(ShownPath(config));
         if (!Exists(ToNativePath(visitor + u"LibraryConfigVisitor.dll")) &&
             !Exists(ToNativePath(visitor + u"LibraryConfigVisitor.so")))
-            return "there is no companion LibraryConfigVisitor in " + ShownPath(visitor);
-        return "the companion in " + ShownPath(visitor) + " can't be loaded, or has no libraries to tell of";
+            return Say<Text::NoCompanion>(ShownPath(visitor));
+        return Say<Text::CompanionSilent>(ShownPath(visitor));
     }
     const CString root = GetLibraryDirectoryManager()->GetLibraryRootDirectory();
     if (root.IsEmpty())
-        return "the companion in " + ShownPath(visitor) + " names no folder of libraries";
+        return Say<Text::CompanionNoFolder>(ShownPath(visitor));
     if (!Exists(ToNativePath(root)))
-        return "the folder of the libraries is missing: " + ShownPath(root);
+        return Say<Text::LibraryFolderMissing>(ShownPath(root));
     return {};
 }
 

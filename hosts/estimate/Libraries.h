@@ -9,6 +9,8 @@
 
 #include <QsUtils/QsUtils.h>
 
+#include "Message.h"
+
 namespace Estimate {
 
 // All texts are UTF-8, all paths in the system's form.
@@ -50,11 +52,12 @@ struct LibraryTree {
 
 /// Why there are no libraries at all; empty when there is a companion that answers, and a folder of
 /// libraries.
-std::string WhatLibrariesLack();
+Message WhatLibrariesLack();
 
 LibraryTree ReadLibraries();
 
-void WriteText(std::ostream& out, const LibraryTree& tree);
+/// A tree for reading.
+void WriteText(std::ostream& out, const LibraryTree& tree, Language language);
 /// One JSON object.
 void WriteJson(std::ostream& out, const LibraryTree& tree);
 

@@ -2,11 +2,9 @@
 #include <memory>
 #include <set>
 
-#include <CLI/App.hpp>
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
 #include <nlohmann/json.hpp>
 
+#include "CommandLine.h"
 #include "Commands.h"
 #include "Files.h"
 #include "Libraries.h"
@@ -39,15 +37,15 @@ int List(const LibrariesOptions& options, const Streams& streams) {
     if (options.json)
         WriteJson(streams.out, tree);
     else
-        WriteText(streams.out, tree);
+        WriteText(streams.out, tree, streams.language);
     if (!tree.families.empty())
         return AllDone;
-    Refuse(streams, "no family in " + tree.root + " offers a quota library");
+    Refuse(streams, Say<Text::NoFamily>(tree.root));
     return SomeBad;
 }
 
 int Libraries(const LibrariesOptions& options, const Streams& streams) {
-    const std::string lack = WhatLibrariesLack();
+    const Message lack = WhatLibrariesLack();
     if (!lack.empty()) {
         Refuse(streams, lack);
         return CannotRun;
@@ -58,7 +56,7 @@ int Libraries(const LibrariesOptions& options, const Streams& streams) {
     WriteHits(streams.out, hits, options.json, !options.search.kind.empty());
     if (!hits.empty())
         return AllDone;
-    Refuse(streams, "no library file is found: " + options.search.name);
+    Refuse(streams, Say<Text::NoLibraryFile>(options.search.name));
     return SomeBad;
 }
 
@@ -66,18 +64,19 @@ int Libraries(const LibrariesOptions& options, const Streams& streams) {
 
 void AddLibraries(CLI::App& app, const Streams& streams, int& status) {
     auto options = std::make_shared<LibrariesOptions>();
-    CLI::App* command = app.add_subcommand("libraries", "List the cost libraries, or find a file of them");
-    CLI::Option* find = command->add_option("--find", options->search.name,
-                                            "Print where the file of this name is, or the library's");
-    find->check([](const std::string& name) { return name.empty() ? "a name is asked for" : ""; });
-    command->add_option("--family", options->search.family, "In this family; in all by default")->needs(find);
-    command->add_option("--section", options->search.section, "In this section; in all by default")
-        ->needs(find);
-    command->add_option("--item", options->search.item, "Below this item; below all by default")->needs(find);
-    command->add_option("--kind", options->search.kind, "Only files of this kind")
+    const Words words(streams.language);
+    CLI::App* command = app.add_subcommand("libraries", words(Text::HelpLibraries));
+    CLI::Option* find = command->add_option("--find", options->search.name, words(Text::HelpFind));
+    find->check([words](const std::string& name) {
+        return name.empty() ? words(Text::NameAskedFor) : std::string();
+    });
+    command->add_option("--family", options->search.family, words(Text::HelpFindFamily))->needs(find);
+    command->add_option("--section", options->search.section, words(Text::HelpFindSection))->needs(find);
+    command->add_option("--item", options->search.item, words(Text::HelpFindItem))->needs(find);
+    command->add_option("--kind", options->search.kind, words(Text::HelpFindKind))
         ->needs(find)
-        ->check(CLI::IsMember(LibraryFileKinds()));
-    command->add_flag("--json", options->json, "Write JSON");
+        ->check(OneOf(LibraryFileKinds(), streams.language));
+    command->add_flag("--json", options->json, words(Text::HelpLibrariesJson));
     command->callback([options, &streams, &status] { status = Libraries(*options, streams); });
 }
 

@@ -33,9 +33,9 @@ std::string InBrackets(const std::string& text) {
     return text.empty() ? text : " [" + text + "]";
 }
 
-std::string RuleText(const BillLibraryRule& rule) {
+std::string RuleText(const BillLibraryRule& rule, const Words& words) {
     return std::to_string(rule.nCount1) + "+" + std::to_string(rule.nCount2) +
-           (rule.bFlag1 ? ", flag 1" : "") + (rule.bFlag2 ? ", flag 2" : "");
+           (rule.bFlag1 ? words(Text::TreeFlag1) : "") + (rule.bFlag2 ? words(Text::TreeFlag2) : "");
 }
 
 /// The path from the folder on when it lies in it.
@@ -43,31 +43,37 @@ std::string BelowFolder(const std::string& path, const std::string& folder) {
     return !folder.empty() && path.starts_with(folder) ? path.substr(folder.size()) : path;
 }
 
-std::string Remarks(const LibraryFile& file) {
-    return std::string(file.isOffered || !file.exists ? "" : "  (not offered)") +
-           (file.exists ? "" : "  (missing)");
+std::string Remarks(const LibraryFile& file, const Words& words) {
+    return (file.isOffered || !file.exists ? "" : words(Text::TreeNotOffered)) +
+           (file.exists ? "" : words(Text::TreeMissing));
 }
 
-template <typename Entries, typename Text>
-void WriteGroup(Branches& branches, const std::string& heading, const Entries& entries, bool isLast,
-                Text text) {
-    branches.Line(heading + (entries.empty() ? ": none" : ""), isLast);
+template <typename Entries, typename Line>
+void WriteGroup(Branches& branches, const Message& heading, const Entries& entries, bool isLast,
+                Language language, Line line) {
+    branches.Line((entries.empty() ? Say<Text::TreeNone>(heading) : heading).In(language), isLast);
     branches.Below(isLast, [&] {
         for (std::size_t i = 0; i < entries.size(); ++i)
-            branches.Line(text(entries[i]), i + 1 == entries.size());
+            branches.Line(line(entries[i]), i + 1 == entries.size());
     });
 }
 
-void WriteSection(Branches& branches, const LibrarySection& section, const std::string& root) {
-    WriteGroup(branches, "items", section.items, false,
+void WriteSection(Branches& branches, const LibrarySection& section, const std::string& root,
+                  Language language) {
+    const Words words(language);
+    const auto line = [&](const LibraryFile& file, const std::string& name, const std::string& inBrackets) {
+        return Say<Text::TreeFile>(name, InBrackets(inBrackets), BelowFolder(file.path, root),
+                                   Remarks(file, words))
+            .In(language);
+    };
+    WriteGroup(branches, Message::Of(Text::TreeItems), section.items, false, language,
                [](const LibraryItem& item) { return item.name + InBrackets(item.tag); });
-    WriteGroup(branches, "bill libraries", section.bills, false, [&](const LibraryFile& bill) {
-        return bill.name + (bill.rule ? InBrackets(RuleText(*bill.rule)) : std::string()) + ": " +
-               BelowFolder(bill.path, root) + Remarks(bill);
-    });
-    WriteGroup(branches, "quota libraries", section.quotas, true, [&](const LibraryFile& quota) {
-        return quota.title + InBrackets(quota.tag) + ": " + BelowFolder(quota.path, root) + Remarks(quota);
-    });
+    WriteGroup(branches, Message::Of(Text::TreeBills), section.bills, false, language,
+               [&](const LibraryFile& bill) {
+                   return line(bill, bill.name, bill.rule ? RuleText(*bill.rule, words) : "");
+               });
+    WriteGroup(branches, Message::Of(Text::TreeQuotas), section.quotas, true, language,
+               [&](const LibraryFile& quota) { return line(quota, quota.title, quota.tag); });
 }
 
 Json FileJson(const LibraryFile& file) {
@@ -102,7 +108,7 @@ Json SectionJson(const LibrarySection& section) {
 
 }  // namespace
 
-void WriteText(std::ostream& out, const LibraryTree& tree) {
+void WriteText(std::ostream& out, const LibraryTree& tree, Language language) {
     out << tree.root << '\n';
     Branches branches(out);
     for (const LibraryFamily& family : tree.families) {
@@ -116,7 +122,7 @@ void WriteText(std::ostream& out, const LibraryTree& tree) {
                 const bool isLast = &section == &family.sections.back();
                 branches.Line(section.name + (section.provider.empty() ? "" : " (" + section.provider + ")"),
                               isLast);
-                branches.Below(isLast, [&] { WriteSection(branches, section, tree.root); });
+                branches.Below(isLast, [&] { WriteSection(branches, section, tree.root, language); });
             }
         });
     }

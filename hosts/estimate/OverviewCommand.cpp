@@ -4,10 +4,7 @@
 #include <memory>
 #include <optional>
 
-#include <CLI/App.hpp>
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
-
+#include "CommandLine.h"
 #include "Commands.h"
 #include "Files.h"
 #include "InputText.h"
@@ -74,35 +71,35 @@ void WriteGroup(std::ostream& out, const Group& group, const std::list<Field*>& 
     }
 }
 
-int Fail(const Streams& streams, const std::string& reason) {
+int Fail(const Streams& streams, const Message& reason) {
     Refuse(streams, reason);
     return CannotRun;
 }
 
-int WritePage(const Streams& streams, const std::list<Field*>& fields, const std::string& source) {
+int WritePage(const Streams& streams, const std::list<Field*>& fields, const Message& source) {
     for (const Group& group : Groups)
         WriteGroup(streams.out, group, fields);
     if (!fields.empty())
         return AllDone;
-    Refuse(streams, source + " has no overview");
+    Refuse(streams, Say<Text::NoOverview>(source));
     return SomeBad;
 }
 
 int ShowOffer(const Streams& streams) {
     std::list<Field*> fields;
     IQsUtils1::GetProjOverViewInfo(fields);
-    return WritePage(streams, fields, "the installation");
+    return WritePage(streams, fields, Say<Text::TheInstallation>());
 }
 
 int AddOffer(const Streams& streams, const CString& path, const std::string& name) {
     OwnFields present;
     IQsUtils1::GetProjOverViewInfo(path, present.fields);
     if (!present.fields.empty())
-        return Fail(streams, name + " has an overview");
+        return Fail(streams, Say<Text::HasOverview>(name));
     std::list<Field*> offered;
     IQsUtils1::GetProjOverViewInfo(offered);
     if (offered.empty())
-        return Fail(streams, "the installation has no overview");
+        return Fail(streams, Say<Text::NoOverview>(Text::TheInstallation));
     if (!IQsUtils1::CreateProjOverViewInfo(path, offered))
         return CannotRun;
     // The library doesn't tell whether the file could be written, and an overview without fields hides one
@@ -110,7 +107,7 @@ int AddOffer(const Streams& streams, const CString& path, const std::string& nam
     OwnFields written;
     IQsUtils1::GetProjOverViewInfo(path, written.fields);
     if (written.fields.empty())
-        return Fail(streams, "the fields can't be added to " + name);
+        return Fail(streams, Say<Text::OverviewNotAdded>(name));
     return AllDone;
 }
 
@@ -122,26 +119,25 @@ int Overview(const OverviewOptions& options, const Streams& streams) {
     if (file.stream == nullptr)
         return CannotRun;
     if (!path || options.project == "-" || !IsMarkup(*file.stream))
-        return Fail(streams, "no project in XML: " + options.project);
+        return Fail(streams, Say<Text::NoProjectXml>(options.project));
     // A file that is open isn't replaced on every system.
     file.stream.reset();
     if (options.add)
         return AddOffer(streams, *path, options.project);
     OwnFields own;
     IQsUtils1::GetProjOverViewInfo(*path, own.fields);
-    return WritePage(streams, own.fields, options.project);
+    return WritePage(streams, own.fields, Message::Same(options.project));
 }
 
 }  // namespace
 
 void AddOverview(CLI::App& app, const Streams& streams, int& status) {
     auto options = std::make_shared<OverviewOptions>();
-    CLI::App* command = app.add_subcommand("overview", "Show the fields that describe a project");
-    auto* project = command->add_option(
-        "project", options->project,
-        "A project in an XML file; without one the fields that the installation offers are shown");
-    command->add_flag("--add", options->add, "Add the offered fields to a project that has none")
-        ->needs(project);
+    const Words words(streams.language);
+    CLI::App* command = app.add_subcommand("overview", words(Text::HelpOverview));
+    auto* project = command->add_option("project", options->project, words(Text::HelpOverviewProject))
+                        ->type_name(FileType);
+    command->add_flag("--add", options->add, words(Text::HelpOverviewAdd))->needs(project);
     command->callback([options, &streams, &status] { status = Overview(*options, streams); });
 }
 

@@ -1,28 +1,30 @@
 #include "Place.h"
 
-#include <string_view>
-
 namespace Estimate {
 namespace {
 
-void Append(std::string& text, std::string_view what, std::size_t number) {
-    if (number > 0)
-        text.append(text.empty() ? "" : ", ").append(what).append(std::to_string(number));
+void Append(Message& text, const Message& part) {
+    text = text.empty() ? part : Say<Text::Listed>(text, part);
 }
 
 }  // namespace
 
-std::string PlaceText(const Place& place) {
-    std::string text;
-    Append(text, "line ", place.line);
-    Append(text, "variable ", place.variable);
-    Append(text, "item ", place.item);
-    Append(text, "quota ", place.quota);
+Message PlaceText(const Place& place) {
+    Message text;
+    if (place.line > 0)
+        Append(text, Say<Text::PlaceLine>(place.line));
+    if (place.variable > 0)
+        Append(text, Say<Text::PlaceVariable>(place.variable));
+    if (place.item > 0)
+        Append(text, Say<Text::PlaceItem>(place.item));
+    if (place.quota > 0)
+        Append(text, Say<Text::PlaceQuota>(place.quota));
     return text;
 }
 
-std::string AtPlace(const Place& place) {
-    return (place.line > 0 ? "on " : "at ") + PlaceText(place);
+Message AtPlace(const Place& place) {
+    const Message text = PlaceText(place);
+    return place.line > 0 ? Say<Text::OnPlace>(text) : Say<Text::AtPlace>(text);
 }
 
 }  // namespace Estimate

@@ -4,7 +4,8 @@
 #include <compare>
 #include <cstddef>
 #include <cstdint>
-#include <string>
+
+#include "Message.h"
 
 namespace Estimate {
 
@@ -20,8 +21,8 @@ struct Place {
 };
 
 /// "line 12", "item 3", "item 3, quota 2", "variable 4"; empty for the input as a whole.
-std::string PlaceText(const Place& place);
+Message PlaceText(const Place& place);
 /// The same behind a preposition: "on line 12", "at item 3".
-std::string AtPlace(const Place& place);
+Message AtPlace(const Place& place);
 
 }  // namespace Estimate

@@ -25,19 +25,30 @@ struct Job {
     PriceOptions options;
     std::uint64_t bytes = 0;  ///< of its file
     std::string report;
-    std::string messages = "estimate: no thread can be had\n";
+    std::string messages;
     int status = CannotRun;
+    Language language = Language::English;
+
+    /// What is told when it never runs.
+    void Expect(Language inLanguage) {
+        language = inLanguage;
+        std::ostringstream err;
+        std::istringstream in;
+        Refuse({in, err, err, false, language}, Say<Text::NoThread>());
+        messages = std::move(err).str();
+    }
 
     void Run() {
         std::istringstream in;
         std::ostringstream out;
         std::ostringstream err;
+        const Streams streams{in, out, err, false, language};
         try {
-            status = PriceBill(options, {in, out, err, false});
+            status = PriceBill(options, streams);
         } catch (const std::exception& error) {
-            err << "estimate: " << error.what() << '\n';
+            Refuse(streams, Say<Text::StoppedByError>(std::string_view(error.what())));
         } catch (...) {
-            err << "estimate: the bill can't be priced\n";
+            Refuse(streams, Say<Text::BillFailed>());
         }
         report = std::move(out).str();
         messages = std::move(err).str();
@@ -103,6 +114,7 @@ public:
             m_jobs[i].options = options;
             m_jobs[i].options.bill = bills[i];
             m_jobs[i].options.output.clear();
+            m_jobs[i].Expect(streams.language);
             std::error_code ignored;
             const std::filesystem::path path(std::u8string(bills[i].begin(), bills[i].end()));
             const std::uintmax_t size = std::filesystem::file_size(path, ignored);
@@ -132,7 +144,8 @@ public:
 
 private:
     void RunJobs(unsigned jobs) {
-        Progress progress(m_streams.err, m_streams.errIsTerminal, m_total);
+        Progress progress(m_streams.err, m_streams.errIsTerminal, m_total,
+                          WordingOf(Text::ActivityPricing).In(m_streams.language));
         m_progress = &progress;
         progress.Show(0);
         CQSThreadManager manager(false);
@@ -166,7 +179,7 @@ private:
             WriteReports(m_streams.out);
             return true;
         }
-        const std::string failure =
+        const Message failure =
             WriteOutput(m_options.output, [this](std::ostream& out) { WriteReports(out); });
         return failure.empty() || Refuse(m_streams, failure);
     }
@@ -181,14 +194,14 @@ private:
 };
 
 /// Why several bills can't be priced so; empty when they can.
-std::string WhyNotSeveral(const PriceOptions& options, const std::vector<std::string>& bills) {
+Message WhyNotSeveral(const PriceOptions& options, const std::vector<std::string>& bills) {
     if (std::find(bills.begin(), bills.end(), "-") != bills.end() || options.variables == "-" ||
         options.rates == "-")
-        return "standard input is one file; it can't be read for several bills";
+        return Say<Text::OneStandardInput>();
     if (options.csv)
-        return "a CSV table holds one bill";
+        return Say<Text::OneCsvTable>();
     if (!options.name.empty() || !options.area.empty())
-        return "--name and --area are those of one bill";
+        return Say<Text::OneNameAndArea>();
     return {};
 }
 
@@ -196,7 +209,7 @@ std::string WhyNotSeveral(const PriceOptions& options, const std::vector<std::st
 
 int PriceBills(const PriceOptions& options, const std::vector<std::string>& bills, unsigned jobs,
                const Streams& streams) {
-    if (const std::string reason = WhyNotSeveral(options, bills); !reason.empty()) {
+    if (const Message reason = WhyNotSeveral(options, bills); !reason.empty()) {
         Refuse(streams, reason);
         return CannotRun;
     }

@@ -2,18 +2,22 @@
 
 namespace Estimate {
 
-std::string ProblemText(const std::string& file, const Problem& problem) {
-    std::string text = file + ":";
+std::string ProblemText(const Message& file, const Problem& problem, Language language) {
+    std::string text = file.In(language) + ":";
     if (problem.place.line > 0)
         text += std::to_string(problem.place.line) + ":";
-    else if (const std::string place = PlaceText(problem.place); !place.empty())
-        text += " " + place + ":";
+    else if (const Message place = PlaceText(problem.place); !place.empty())
+        text += " " + place.In(language) + ":";
     if (problem.column > 0)
         text += std::to_string(problem.column) + ":";
-    text += problem.severity == Severity::Error ? " error: " : " warning: ";
-    if (!problem.heading.empty())
-        text.append(problem.heading).append(": ");
-    return text + problem.reason;
+    text += " " + SeverityPrefix(problem.severity).In(language);
+    if (problem.heading)
+        text += Say<Text::HeadingPrefix>(*problem.heading).In(language);
+    return text + problem.reason.In(language);
+}
+
+Message SeverityPrefix(Severity severity) {
+    return severity == Severity::Error ? Say<Text::ErrorPrefix>() : Say<Text::WarningPrefix>();
 }
 
 }  // namespace Estimate

@@ -2,10 +2,11 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "Message.h"
 #include "Place.h"
 
 namespace Estimate {
@@ -18,19 +19,23 @@ enum class Severity {
 struct Problem {
     Severity severity = Severity::Error;
     Place place;
-    std::size_t column = 0;    ///< the field's number from 1; 0 where fields have none or the row is meant
-    std::string_view heading;  ///< what the field is called in this program; static
-    std::string reason;
+    std::size_t column = 0;       ///< the field's number from 1; 0 where fields have none or the row is meant
+    std::optional<Text> heading;  ///< what the field is called in this program
+    Message reason;
 };
 
 /// The problems of one file, in the order in which they were found.
 struct Problems {
-    std::string file;
+    Message file;
     std::vector<Problem> found;
     std::size_t badRows = 0;  ///< rows that aren't priced
 };
 
-/// "bill.csv:12:5: error: formula: …", as compilers write it, or "project.xml: item 3, quota 2: error: …".
-std::string ProblemText(const std::string& file, const Problem& problem);
+/// "bill.csv:12:5: error: formula: …", as compilers write it, or "project.xml: item 3, quota 2: error: …",
+/// in a language.
+std::string ProblemText(const Message& file, const Problem& problem, Language language);
+
+/// What stands in front of a reason: "error: " or "warning: ".
+Message SeverityPrefix(Severity severity);
 
 }  // namespace Estimate

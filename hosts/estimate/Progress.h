@@ -12,8 +12,7 @@ namespace Estimate {
 class Progress {
 public:
     /// `activity` stands in front of the bar and outlives it.
-    Progress(std::ostream& out, bool terminal, std::uint64_t totalBytes,
-             std::string_view activity = "pricing");
+    Progress(std::ostream& out, bool terminal, std::uint64_t totalBytes, std::string_view activity);
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
     ~Progress();

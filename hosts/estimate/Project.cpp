@@ -9,8 +9,8 @@
 namespace Estimate {
 namespace {
 
-void Note(Problems& problems, const Place& place, std::size_t column, std::string_view heading,
-          std::string reason) {
+void Note(Problems& problems, const Place& place, std::size_t column, std::optional<Text> heading,
+          Message reason) {
     problems.found.push_back({Severity::Error, place, column, heading, std::move(reason)});
     ++problems.badRows;
 }
@@ -20,16 +20,16 @@ CString KeyOf(const VariableRow& row) {
 }
 
 /// A table has no other mark of what a row is than its fields.
-std::string TableFault(const BillRow& row) {
+Message TableFault(const BillRow& row) {
     using namespace BillColumn;
     const bool isBillCode = IsBillCode(row.fields[Code]);
     if (row.kind == RowKind::Item)
-        return isBillCode ? "" : "a table tells a bill item by its code of 12 digits, and this one has none";
+        return isBillCode ? Message() : Say<Text::TableItemCode>();
     if (isBillCode)
-        return "with a code of 12 digits the quota row would be a bill item in a table";
+        return Say<Text::TableQuotaCode>();
     if (row.fields[Code].empty() && row.fields[Unit].empty() && row.fields[Formula].empty() &&
         row.fields[Price].empty())
-        return "without code, unit, formula and price the quota row would be a heading in a table";
+        return Say<Text::TableQuotaEmpty>();
     return {};
 }
 
@@ -40,7 +40,7 @@ bool ProjectCollector::HoldsTexts(const Row& row, const Columns& columns, Proble
     if (m_target == ProjectForm::Table)
         return true;
     for (std::size_t i = 0; i < row.fields.size(); ++i)
-        if (std::string reason = WhyNoXml(row.fields[i]); !reason.empty()) {
+        if (Message reason = WhyNoXml(row.fields[i]); !reason.empty()) {
             Note(problems, row.place, columns.Number(i), columns.Title(i), std::move(reason));
             return false;
         }
@@ -55,21 +55,21 @@ Row ProjectCollector::Kept(const Row& row) {
     return kept;
 }
 
-std::string ProjectCollector::FaultOf(const BillRow& row) {
+Message ProjectCollector::FaultOf(const BillRow& row) {
     if (!row.fault.empty() || row.kind == RowKind::Heading)
         return row.fault;
     if (row.kind == RowKind::Item) {
         m_hasItem = true;
         m_item = row.place.item;
     } else if (!m_hasItem || row.place.item != m_item) {
-        return "no bill item stands above the quota row";
+        return Say<Text::NoItemAbove>();
     }
-    return m_target == ProjectForm::Table ? TableFault(row) : std::string();
+    return m_target == ProjectForm::Table ? TableFault(row) : Message();
 }
 
 void ProjectCollector::Take(const BillRow& row, const Columns& columns, Problems& problems) {
     using namespace BillColumn;
-    if (std::string fault = FaultOf(row); !fault.empty())
+    if (Message fault = FaultOf(row); !fault.empty())
         return Note(problems, row.place, 0, {}, std::move(fault));
     if (!HoldsTexts(row, columns, problems))
         return;

@@ -38,7 +38,7 @@ public:
     void BeginReplacing();
 
 private:
-    std::string FaultOf(const BillRow& row);
+    Message FaultOf(const BillRow& row);
     template <typename Row>
     bool HoldsTexts(const Row& row, const Columns& columns, Problems& problems) const;
     template <typename Row>
@@ -55,7 +55,7 @@ private:
 std::unique_ptr<XMLNode> TreeOf(const Project& project);
 
 /// Replaces an XML file whole. The result is empty, or says what failed.
-std::string WriteDocument(const std::string& path, const Project& project);
+Message WriteDocument(const std::string& path, const Project& project);
 
 /// A table of the bill, and one of the variables: UTF-8, fields in quotes, lines end with CR LF.
 void WriteBillTable(std::ostream& out, const Project& project);

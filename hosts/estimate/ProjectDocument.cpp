@@ -84,18 +84,18 @@ private:
 ProjectDocument::ProjectDocument(const std::string& path) {
     const std::optional<std::wstring> name = LibraryPath(path);
     if (!name) {
-        refusal = "the library can't open an XML file of this name";
+        refusal = Say<Text::XmlName>();
         return;
     }
     const std::unique_ptr<NS_XMLACCESS::IXmlAccessTool, RemoveTool> tool(GetXmlAccessTool());
     root.reset(tool->LoadXMLNode(*name));
     if (root == nullptr) {
-        refusal = ToUtf8(CString(tool->GetLastErrorText()));
+        refusal = Say<Text::XmlBroken>(ToUtf8(CString(tool->GetLastErrorText())));
     } else if (root->Name != ProjectName::Project) {
-        refusal = "the document is a " + ToUtf8(CString(root->Name)) + " and no Project";
+        refusal = Say<Text::XmlNoProject>(ToUtf8(CString(root->Name)));
         root.reset();
     } else if (root->FindChildNode(ProjectName::Bill) == nullptr) {
-        refusal = "the project has no Bill";
+        refusal = Say<Text::XmlNoBill>();
         root.reset();
     }
 }

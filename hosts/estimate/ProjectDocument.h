@@ -35,7 +35,7 @@ struct ProjectDocument {
     explicit ProjectDocument(const std::string& path);
 
     std::unique_ptr<XMLNode> root;
-    std::string refusal;
+    Message refusal;
 };
 
 /// An attribute of an element in UTF-8, without white space around it; empty when there is none.

@@ -82,14 +82,14 @@ std::unique_ptr<XMLNode> TreeOf(const Project& project) {
     return root;
 }
 
-std::string WriteDocument(const std::string& path, const Project& project) {
-    const std::string failure = "the file can't be written: " + path;
+Message WriteDocument(const std::string& path, const Project& project) {
+    const Message failure = Say<Text::FileUnwritable>(path);
     const std::optional<std::wstring> name = LibraryPath(path);
     if (!name)
         return failure;
     const std::unique_ptr<XMLNode> root = TreeOf(project);
     try {
-        return SaveXMLNode(root.get(), *name, true) ? std::string() : failure;
+        return SaveXMLNode(root.get(), *name, true) ? Message() : failure;
     } catch (const std::exception&) {
         throw;
     } catch (...) {

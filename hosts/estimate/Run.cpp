@@ -1,39 +1,34 @@
-#include <CLI/App.hpp>
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
+#include <QsUtils/QsUtils.h>
 
+#include "CommandLine.h"
 #include "Commands.h"
 #include "Files.h"
+#include "Refusal.h"
 
 namespace Estimate {
 namespace {
 
-constexpr const char* Footer =
-    "Exit status: 0 when all was priced or answered, 1 when some rows or arguments were bad and are reported "
-    "on\n"
-    "standard error, 2 when the program could not run.\n"
-    "An argument that begins with \"-\" and is no option stands behind \"--\": estimate eval -- '-(1+2)'";
+/// The library that is loaded need not be the one that the program was built with.
+std::string VersionText() {
+    return std::string("estimate ") + ESTIMATE_VERSION + "\nQsUtils " + QsUtilsVersion();
+}
 
-}  // namespace
-
-int Run(const std::vector<std::string>& arguments, const Streams& streams) {
-    CLI::App app("Prices a bill of quantities, and tries the operations that it takes one by one.",
-                 "estimate");
-    app.require_subcommand(1);
-    app.footer(Footer);
-    // A path may begin with a slash; an option begins with a dash on every system.
-    app.allow_windows_style_options(false);
-    app.set_help_all_flag("--help-all", "Print the help of all commands and exit");
+void AddProgramOptions(CLI::App& app, const Streams& streams) {
+    const Words words(streams.language);
+    app.set_version_flag("--version", VersionText, words(Text::HelpVersion));
     // The callbacks of the commands come later, so that the library begins with this folder.
     app.add_option_function<std::string>(
            "--installation",
-           [](const std::string& folder) {
+           [&streams](const std::string& folder) {
                if (!UseInstallation(folder))
-                   throw CLI::ValidationError("--installation", "no folder of an installation: " + folder);
+                   throw CLI::ValidationError("--installation",
+                                              Say<Text::NoInstallationFolder>(folder).In(streams.language));
            },
-           "Take the files of this installation, instead of those beside the program")
+           words(Text::HelpInstallation))
         ->type_name("DIR");
-    int status = AllDone;
+}
+
+void AddCommands(CLI::App& app, const Streams& streams, int& status) {
     AddPrice(app, streams, status);
     AddConvert(app, streams, status);
     AddEval(app, streams, status);
@@ -47,16 +42,40 @@ int Run(const std::vector<std::string>& arguments, const Streams& streams) {
     AddMarks(app, streams, status);
     AddHistory(app, streams, status);
     AddBackUp(app, streams, status);
+}
+
+/// Answers --help and --version, and tells what is wrong with all else.
+int Answer(const CLI::App& app, const CLI::ParseError& error, const Streams& streams) {
+    if (error.get_exit_code() == 0) {
+        app.exit(error, streams.out, streams.err);
+        return AllDone;
+    }
+    Refuse(streams, UsageFault(app, error));
+    Refuse(streams, Say<Text::UsageHint>(CommandPath(app)));
+    return CannotRun;
+}
+
+}  // namespace
+
+int Run(const std::vector<std::string>& arguments, const Streams& streams) {
+    CLI::App app(Words(streams.language)(Text::HelpProgram), "estimate");
+    app.require_subcommand(1);
+    // A path may begin with a slash; an option begins with a dash on every system.
+    app.allow_windows_style_options(false);
+    int status = AllDone;
+    AddProgramOptions(app, streams);
+    AddCommands(app, streams, status);
+    SpeakLanguage(app, streams.language);
     try {
         // The parser takes its arguments from the back.
         std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
         app.parse(std::move(reversed));
     } catch (const CLI::ParseError& error) {
-        return app.exit(error, streams.out, streams.err) == 0 ? AllDone : CannotRun;
+        status = Answer(app, error, streams);
     }
     streams.out.flush();
     if (!streams.out) {
-        streams.err << "estimate: standard output can't be written\n";
+        Refuse(streams, Say<Text::StandardOutputFailed>());
         return CannotRun;
     }
     return status;

@@ -1,12 +1,10 @@
 #include <memory>
 #include <utility>
 
-#include <CLI/App.hpp>
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
-
+#include "CommandLine.h"
 #include "Commands.h"
 #include "Decimal.h"
+#include "Refusal.h"
 #include "Units.h"
 #include "Utf8.h"
 
@@ -25,7 +23,7 @@ int Capital(const CapitalOptions& options, const Streams& streams) {
         const CString amount = FromUtf8(text);
         const std::optional<double> value = ParseNumber(amount);
         if (options.plain ? !IQsUtils::ParseToInteger(amount, whole) : !value) {
-            streams.err << "estimate: no " << (options.plain ? "whole " : "") << "number: " << text << '\n';
+            Refuse(streams, options.plain ? Say<Text::NoWholeNumber>(text) : Say<Text::NoNumber>(text));
             status = SomeBad;
             continue;
         }
@@ -76,7 +74,7 @@ int Unit(const UnitOptions& options, const Streams& streams) {
     const std::string other = NormalizeUnit(options.other);
     double factor = 1.0;
     if (!IQsUtils1::GetIndicatorsFactor(FromUtf8(unit), FromUtf8(other), factor)) {
-        streams.err << "estimate: there is no factor from " << unit << " to " << other << '\n';
+        Refuse(streams, Say<Text::NoFactor>(unit, other));
         return SomeBad;
     }
     streams.out << "1 " << unit << " = " << FactorText(factor) << ' ' << other << '\n';
@@ -87,28 +85,30 @@ int Unit(const UnitOptions& options, const Streams& streams) {
 
 void AddCapital(CLI::App& app, const Streams& streams, int& status) {
     auto options = std::make_shared<CapitalOptions>();
-    CLI::App* command = app.add_subcommand("capital", "Write amounts of money in capital numerals");
-    command->add_option("amount", options->amounts,
-                        "Amounts in yuan; lines of standard input when there are none");
-    command->add_flag("--plain", options->plain, "Write whole numbers in ordinary numerals");
+    const Words words(streams.language);
+    CLI::App* command = app.add_subcommand("capital", words(Text::HelpCapital));
+    command->add_option("amount", options->amounts, words(Text::HelpCapitalAmount));
+    command->add_flag("--plain", options->plain, words(Text::HelpCapitalPlain));
     command->callback([options, &streams, &status] { status = Capital(*options, streams); });
 }
 
 void AddSort(CLI::App& app, const Streams& streams, int& status) {
     auto options = std::make_shared<SortOptions>();
-    CLI::App* command = app.add_subcommand("sort", "Put item codes in order");
-    command->add_option("code", options->codes, "Codes; lines of standard input when there are none");
-    command->add_option("-k,--kind", options->kind, "The order: bill, quota or item")
-        ->check(CLI::IsMember({"bill", "quota", "item"}))
+    const Words words(streams.language);
+    CLI::App* command = app.add_subcommand("sort", words(Text::HelpSort));
+    command->add_option("code", options->codes, words(Text::HelpSortCode));
+    command->add_option("-k,--kind", options->kind, words(Text::HelpSortKind))
+        ->check(OneOf({"bill", "quota", "item"}, streams.language))
         ->capture_default_str();
     command->callback([options, &streams, &status] { status = SortCodes(*options, streams); });
 }
 
 void AddUnit(CLI::App& app, const Streams& streams, int& status) {
     auto options = std::make_shared<UnitOptions>();
-    CLI::App* command = app.add_subcommand("unit", "Show a unit's decimals and indicator unit, or a factor");
-    command->add_option("unit", options->unit, "A unit such as t, m2 or 100m2")->required();
-    command->add_option("other", options->other, "A second unit: how many of it make one of the first");
+    const Words words(streams.language);
+    CLI::App* command = app.add_subcommand("unit", words(Text::HelpUnit));
+    command->add_option("unit", options->unit, words(Text::HelpUnitUnit))->required();
+    command->add_option("other", options->other, words(Text::HelpUnitOther));
     command->callback([options, &streams, &status] { status = Unit(*options, streams); });
 }
 

@@ -20,8 +20,9 @@ inline constexpr std::string_view NameHeadings[] = {"name",     "variable", "变
 inline constexpr std::string_view ValueHeadings[] = {"value", "值", "变量值", "数值"};
 inline constexpr std::string_view RemarkHeadings[] = {"remark", "note", "说明", "备注"};
 
-inline constexpr std::array Specs = {ColumnSpec{"name", NameHeadings}, ColumnSpec{"value", ValueHeadings},
-                                     ColumnSpec{"remark", RemarkHeadings, false}};
+inline constexpr std::array Specs = {ColumnSpec{Text::ColumnName, NameHeadings},
+                                     ColumnSpec{Text::ColumnValue, ValueHeadings},
+                                     ColumnSpec{Text::ColumnRemark, RemarkHeadings, false}};
 
 }  // namespace VariableColumn
 
@@ -30,7 +31,7 @@ using VariableFields = std::array<std::string_view, VariableColumn::Specs.size()
 struct VariableRow {
     Place place;
     VariableFields fields{};  ///< by `VariableColumn`, in UTF-8, without white space around them
-    std::string fault;        ///< what is wrong with the row as a whole; empty when nothing is
+    Message fault;            ///< what is wrong with the row as a whole; empty when nothing is
 };
 
 /// The views of a row are valid during the call.

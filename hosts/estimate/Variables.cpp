@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <string_view>
+#include <utility>
 
 #include "Decimal.h"
 #include "FormulaText.h"
@@ -17,37 +18,36 @@ CString Lower(CString name) {
     return name.MakeLower();
 }
 
-std::string WhyNoName(const CString& name) {
+Message WhyNoName(const CString& name) {
     if (name.IsEmpty())
-        return "the name is empty";
+        return Say<Text::NameEmpty>();
     if (name.FindOneOf(CString(u"+-*/^()[]{}%‰×÷ \t\r\n")) >= 0)
-        return "a name holds no operator, bracket, percent sign or blank";
+        return Say<Text::VariableOperator>();
     const char16_t first = name.View().front();
     if ((first >= u'0' && first <= u'9') || first == u'.')
-        return "a name doesn't begin with a digit or a point";
+        return Say<Text::VariableDigit>();
     if (name.CompareNoCase(u"Q") == 0)
-        return "Q stands for the quantity of the bill item";
+        return Say<Text::VariableQ>();
     const CString function = FunctionPrefix(name);
     if (!function.IsEmpty())
-        return "in a formula the name would be read as the function " + ToUtf8(function);
+        return Say<Text::VariableFunction>(ToUtf8(function));
     return {};
 }
 
 }  // namespace
 
-std::string Variables::Add(const CString& name, const CString& value) {
+VariableFault Variables::Add(const CString& name, const CString& value) {
     const CString plain = PlainFormula(name);
-    std::string reason = WhyNoName(plain);
-    if (!reason.empty())
-        return reason;
+    if (Message reason = WhyNoName(plain); !reason.empty())
+        return {std::move(reason)};
     CString number = PlainFormula(value);
     const std::optional<double> parsed = ParseNumber(number);
     if (!parsed || std::fabs(*parsed) >= ValueLimit)
-        return "the value is no number: \"" + ToUtf8(value) + "\"";
+        return {Say<Text::ValueNoNumber>(ToUtf8(value)), VariableColumn::Value};
     number.Trim();
     number.Remove(u',');
     if (!m_values.emplace(Lower(plain), number).second)
-        return "the name is taken already (names don't differ by case)";
+        return {Say<Text::VariableTaken>()};
     return {};
 }
 
@@ -62,20 +62,18 @@ CString VariableKey(const CString& name) {
 
 void AddVariable(const VariableRow& row, const Columns& columns, Variables& variables, Problems& problems) {
     using namespace VariableColumn;
-    const auto note = [&](std::size_t column, std::string_view heading, std::string reason) {
+    const auto note = [&](std::size_t column, std::optional<Text> heading, Message reason) {
         problems.found.push_back({Severity::Error, row.place, column, heading, std::move(reason)});
         ++problems.badRows;
     };
     if (!row.fault.empty())
         return note(0, {}, row.fault);
-    std::string reason = variables.Add(FromUtf8(row.fields[Name]), FromUtf8(row.fields[Value]));
-    if (reason.empty())
-        return;
-    const std::size_t column = reason.starts_with("the value") ? Value : Name;
-    note(columns.Number(column), columns.Title(column), std::move(reason));
+    VariableFault fault = variables.Add(FromUtf8(row.fields[Name]), FromUtf8(row.fields[Value]));
+    if (!fault.reason.empty())
+        note(columns.Number(fault.column), columns.Title(fault.column), std::move(fault.reason));
 }
 
-std::string ReadVariableRows(std::istream& in, Columns& columns, const VariableRowHandler& handler) {
+Message ReadVariableRows(std::istream& in, Columns& columns, const VariableRowHandler& handler) {
     const InputText text = DetectText(in);
     if (!text.refusal.empty())
         return text.refusal;
@@ -97,10 +95,10 @@ std::string ReadVariableRows(std::istream& in, Columns& columns, const VariableR
         remains.fault = end.reason;
         handler(remains);
     }
-    return columns.IsKnown() ? std::string() : "no row names the columns: " + columns.Missing();
+    return columns.IsKnown() ? Message() : Say<Text::ColumnsMissing>(columns.Missing());
 }
 
-std::string ReadVariables(std::istream& in, Variables& variables, Problems& problems) {
+Message ReadVariables(std::istream& in, Variables& variables, Problems& problems) {
     Columns columns(VariableColumn::Specs);
     return ReadVariableRows(in, columns,
                             [&](const VariableRow& row) { AddVariable(row, columns, variables, problems); });

@@ -13,12 +13,18 @@
 
 namespace Estimate {
 
+/// Why something can't be a variable; the reason is empty when it can.
+struct VariableFault {
+    Message reason;
+    VariableColumn::Column column = VariableColumn::Name;  ///< what the reason is about
+};
+
 /// Names without regard to ASCII case, since the argument of a function is read in lower case. "Q" is no
 /// name: it stands for the quantity of the bill item.
 class Variables {
 public:
     /// Adds a variable, or says why it can't be one. The value is a number as tables write it.
-    std::string Add(const CString& name, const CString& value);
+    VariableFault Add(const CString& name, const CString& value);
     /// The value as a number text that binds to a formula's leaf; null for an unknown name.
     const CString* Find(const CString& name) const;
     /// Adds those variables of `others` whose names aren't here.
@@ -40,10 +46,10 @@ void AddVariable(const VariableRow& row, const Columns& columns, Variables& vari
 /// Hands the rows of a table with the columns name and value to `handler`, as they are written; `columns` is
 /// known from the first row on. Where the table breaks off, a row with a fault tells why. The result is
 /// empty, or says why the table can't be read at all.
-std::string ReadVariableRows(std::istream& in, Columns& columns, const VariableRowHandler& handler);
+Message ReadVariableRows(std::istream& in, Columns& columns, const VariableRowHandler& handler);
 
 /// Reads a table with the columns name and value. Bad rows are noted in `problems` and left out. The result
 /// is empty, or says why the table can't be read at all.
-std::string ReadVariables(std::istream& in, Variables& variables, Problems& problems);
+Message ReadVariables(std::istream& in, Variables& variables, Problems& problems);
 
 }  // namespace Estimate

@@ -1,8 +1,7 @@
 #include "XmlText.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
+#include <cstdint>
 
 #include "Utf8.h"
 
@@ -22,18 +21,16 @@ bool IsPlain(std::string_view text) {
 
 }  // namespace
 
-std::string WhyNoXml(std::string_view text) {
+Message WhyNoXml(std::string_view text) {
     if (IsPlain(text))
         return {};
     if (!IsUtf8(text))
-        return "the text isn't Unicode";
+        return Say<Text::TextNoUnicode>();
     for (std::size_t at = 0; at < text.size();) {
         const char32_t character = NextCharacter(text, at);
         if (IsXmlCharacter(character))
             continue;
-        std::array<char, 16> name{};
-        std::snprintf(name.data(), name.size(), "U+%04X", static_cast<unsigned>(character));
-        return "XML can't hold the character " + std::string(name.data());
+        return Say<Text::TextNoXml>(fmt::format("U+{:04X}", static_cast<std::uint32_t>(character)));
     }
     return {};
 }

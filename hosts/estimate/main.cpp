@@ -3,16 +3,19 @@
 #include <iostream>
 
 #include "Commands.h"
+#include "Refusal.h"
 #include "Terminal.h"
 
 int main(int argc, char** argv) {
+    using namespace Estimate;
     std::ios::sync_with_stdio(false);
-    const Estimate::Terminal terminal;
-    const Estimate::Streams streams{std::cin, std::cout, std::cerr, terminal.IsWatched()};
+    const Terminal terminal;
+    const Streams streams{std::cin, std::cout, std::cerr, terminal.IsWatched(),
+                          LanguageOfEnvironment().value_or(LanguageOfSystem())};
     try {
-        return Estimate::Run(Estimate::Terminal::Arguments(argc, argv), streams);
+        return Run(Terminal::Arguments(argc, argv), streams);
     } catch (const std::exception& error) {
-        std::cerr << "estimate: " << error.what() << '\n';
-        return Estimate::CannotRun;
+        Refuse(streams, Say<Text::StoppedByError>(std::string_view(error.what())));
+        return CannotRun;
     }
 }

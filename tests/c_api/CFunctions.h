@@ -290,6 +290,7 @@
     X(QsUnicodeToAnsi) \
     X(QsUpdateGraphicFileVer) \
     X(QsUseInstallation) \
+    X(QsUtilsVersion) \
     X(QsVersionBig) \
     X(QsWriteHistory) \
     X(QsXmlElement_AddChild) \

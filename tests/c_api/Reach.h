@@ -147,6 +147,7 @@ inline constexpr Reach reach[] = {
     {"IQsUtils::PickFileNameFromPath(CString const&)", "QsPickFileNameFromPath"},
     {"IQsUtils::RemoveRelativeDirectory(CString const&)", nullptr, "private"},
     {"IQsUtils::RemoveRelativeDirectoryFromPath(CString const&)", "QsRemoveRelativeDirectoryFromPath"},
+    {"QsUtilsVersion", "QsUtilsVersion"},
     {"IQsUtils::VersionBig(CString const&, CString const&, bool)", "QsVersionBig"},
     {"IQsUtils::CompareDECode(CString const&, CString const&)", "QsCompareDECode"},
     {"IQsUtils::CompareQDCode(CString const&, CString const&)", "QsCompareQDCode"},

@@ -82,4 +82,12 @@ if(DOCUMENT)
 endif()
 
 # The installed host finds the module without help.
-run(${EMULATOR} ${tree}/bin/estimate${SUFFIX} --help)
+run(${EMULATOR} ${tree}/bin/estimate${SUFFIX} --version)
+if(NOT TOOLCHAIN)
+    foreach(file IN ITEMS man/man1/estimate.1 man/zh_CN/man1/estimate.1 bash-completion/completions/estimate
+            zsh/site-functions/_estimate)
+        if(NOT EXISTS ${tree}/share/${file})
+            message(FATAL_ERROR "share/${file} is not installed")
+        endif()
+    endforeach()
+endif()

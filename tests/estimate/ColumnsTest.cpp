@@ -2,6 +2,7 @@
 
 #include "BillColumns.h"
 #include "Columns.h"
+#include "EnglishText.h"
 
 using namespace Estimate;
 

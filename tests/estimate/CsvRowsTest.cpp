@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "CsvRows.h"
+#include "EnglishText.h"
 
 using namespace Estimate;
 

@@ -44,7 +44,7 @@ Bill ThreeItems() {
 struct Rates {
     std::vector<ExtraCostRate> rates;
     Problems problems;
-    std::string refusal;
+    Estimate::Message refusal;
 };
 
 Rates ReadRates(const std::string& table, const LibraryCharges& charges = Charges()) {
@@ -80,7 +80,7 @@ using Texts = std::vector<std::string>;
 std::string OnlyProblem(const Rates& read) {
     if (read.problems.found.size() != 1)
         return std::to_string(read.problems.found.size()) + " problems";
-    return ProblemText("r.csv", read.problems.found.front());
+    return EnglishText("r.csv", read.problems.found.front());
 }
 
 std::int64_t PlainShare(std::int64_t fen, std::int64_t rate) {

@@ -26,7 +26,7 @@ std::string Result(const std::u16string& formula, const CString* amount = nullpt
         return ToUtf8(IQsUtils::DoubleToCString(result.value, 6, true));
     for (const FormulaRemark& remark : result.remarks)
         if (remark.severity == Severity::Error)
-            return remark.reason;
+            return remark.reason.In(Estimate::Language::English);
     return "invalid without a reason";
 }
 
@@ -36,7 +36,7 @@ std::string Warning(const std::u16string& formula) {
     if (result.remarks.empty())
         return {};
     EXPECT_EQ(result.remarks[0].severity, Severity::Warning);
-    return result.remarks[0].reason;
+    return result.remarks[0].reason.In(Estimate::Language::English);
 }
 
 bool Has(const std::string& text, const char* part) {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "EnglishText.h"
 #include "InputText.h"
 
 using namespace Estimate;

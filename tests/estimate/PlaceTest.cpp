@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "EnglishText.h"
 #include "Place.h"
 #include "Problem.h"
 
@@ -23,9 +24,12 @@ TEST(Place, InTheOrderOfTheInput) {
 }
 
 TEST(Place, InProblems) {
-    EXPECT_EQ(ProblemText("b.csv", {Severity::Error, {12, 0, 0, 0}, 5, "formula", "x"}),
-              "b.csv:12:5: error: formula: x");
-    EXPECT_EQ(ProblemText("p.xml", {Severity::Warning, {0, 3, 2, 0}, 0, "formula", "x"}),
-              "p.xml: item 3, quota 2: warning: formula: x");
-    EXPECT_EQ(ProblemText("p.xml", {Severity::Error, {}, 0, "area", "x"}), "p.xml: error: area: x");
+    EXPECT_EQ(
+        EnglishText("b.csv", {Severity::Error, {12, 0, 0, 0}, 5, Text::ColumnFormula, Message::Same("x")}),
+        "b.csv:12:5: error: formula: x");
+    EXPECT_EQ(
+        EnglishText("p.xml", {Severity::Warning, {0, 3, 2, 0}, 0, Text::ColumnFormula, Message::Same("x")}),
+        "p.xml: item 3, quota 2: warning: formula: x");
+    EXPECT_EQ(EnglishText("p.xml", {Severity::Error, {}, 0, Text::ColumnArea, Message::Same("x")}),
+              "p.xml: error: area: x");
 }

@@ -9,7 +9,7 @@ using Estimate::Progress;
 TEST(Progress, DrawsEachPercentOnceAndWipes) {
     std::ostringstream out;
     {
-        Progress progress(out, true, 10 << 20);
+        Progress progress(out, true, 10 << 20, "pricing");
         progress.Show(0);
         progress.Show(1);
         progress.Show(5 << 20);
@@ -26,7 +26,7 @@ TEST(Progress, OnlyForLongInputsOnATerminal) {
     for (const bool terminal : {false, true}) {
         std::ostringstream out;
         {
-            Progress progress(out, terminal, terminal ? 1000 : 10 << 20);
+            Progress progress(out, terminal, terminal ? 1000 : 10 << 20, "pricing");
             progress.Show(500);
         }
         EXPECT_EQ(out.str(), "");

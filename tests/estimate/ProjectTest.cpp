@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "EnglishText.h"
 #include "Project.h"
 #include "ProjectDocument.h"
 
@@ -68,7 +69,7 @@ struct Collected {
     Problems problems;
 
     std::string OnlyProblem() const {
-        return problems.found.size() == 1 ? ProblemText("f", problems.found.front())
+        return problems.found.size() == 1 ? EnglishText("f", problems.found.front())
                                           : std::to_string(problems.found.size()) + " problems";
     }
 };
@@ -154,7 +155,7 @@ TEST(Project, WhatNoFormCanSay) {
         EXPECT_EQ(ProblemOf({GoodItem, Quota({0, 0, 1, 0}, {"4-1", "b"})}, form),
                   "f: quota 1: error: no bill item stands above the quota row");
         BillRow faulty = GoodItem;
-        faulty.fault = "too wide";
+        faulty.fault = Message::Same("too wide");
         EXPECT_EQ(ProblemOf({faulty}, form), "f: item 1: error: too wide");
     }
 }

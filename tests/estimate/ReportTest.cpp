@@ -14,7 +14,7 @@ Report ReportOf(const std::string& rows) {
     PricedBill priced = PriceBill(Headings + rows);
     Report report;
     report.bill = std::move(priced.bill);
-    priced.problems.file = "b.csv";
+    priced.problems.file = Estimate::Message::Same("b.csv");
     report.problems.push_back(std::move(priced.problems));
     Summarize(report);
     return report;

@@ -9,6 +9,7 @@
 
 #include "BillReader.h"
 #include "Commands.h"
+#include "EnglishText.h"
 #include "Report.h"
 #include "Variables.h"
 
@@ -18,11 +19,12 @@ struct ProgramRun {
     std::string err;
 };
 
-inline ProgramRun RunProgram(const std::vector<std::string>& arguments, const std::string& input = {}) {
+inline ProgramRun RunProgram(const std::vector<std::string>& arguments, const std::string& input = {},
+                             Estimate::Language language = Estimate::Language::English) {
     std::istringstream in(input);
     std::ostringstream out;
     std::ostringstream err;
-    const Estimate::Streams streams{in, out, err, false};
+    const Estimate::Streams streams{in, out, err, false, language};
     ProgramRun run;
     run.status = Estimate::Run(arguments, streams);
     run.out = out.str();
@@ -33,7 +35,7 @@ inline ProgramRun RunProgram(const std::vector<std::string>& arguments, const st
 struct PricedBill {
     Estimate::Bill bill;
     Estimate::Problems problems;
-    std::string refusal;
+    Estimate::Message refusal;
 
     /// "line:column:reason" of the only problem; the count of problems when there isn't just one.
     std::string OnlyProblem() const {
@@ -41,7 +43,7 @@ struct PricedBill {
             return std::to_string(problems.found.size()) + " problems";
         const Estimate::Problem& problem = problems.found.front();
         return std::to_string(problem.place.line) + ":" + std::to_string(problem.column) + ":" +
-               problem.reason;
+               problem.reason.In(Estimate::Language::English);
     }
 };
 

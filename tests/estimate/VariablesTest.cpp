@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "EnglishText.h"
 #include "Utf8.h"
 #include "Variables.h"
 
@@ -21,28 +22,28 @@ struct ReadTable {
     }
     Variables variables;
     Problems problems;
-    std::string refusal;
+    Estimate::Message refusal;
 };
 
 }  // namespace
 
 TEST(Variables, NamesIgnoreCase) {
     Variables variables;
-    EXPECT_EQ(variables.Add(u"Lw", u" 36.24 "), "");
-    EXPECT_EQ(variables.Add(u"层高", u"3.6"), "");
+    EXPECT_EQ(variables.Add(u"Lw", u" 36.24 ").reason, "");
+    EXPECT_EQ(variables.Add(u"层高", u"3.6").reason, "");
     EXPECT_EQ(Found(variables, u"LW"), "36.24");
     EXPECT_EQ(Found(variables, u"lw"), "36.24");
     EXPECT_EQ(Found(variables, u"层高"), "3.6");
     EXPECT_EQ(Found(variables, u"x"), "none");
-    EXPECT_NE(variables.Add(u"lW", u"1"), "");
+    EXPECT_NE(variables.Add(u"lW", u"1").reason, "");
     EXPECT_EQ(variables.Count(), 2u);
 }
 
 TEST(Variables, FullWidthNamesAndGroupedValues) {
     Variables variables;
-    EXPECT_EQ(variables.Add(u"Ａ１", u"１,２３４.５"), "");
+    EXPECT_EQ(variables.Add(u"Ａ１", u"１,２３４.５").reason, "");
     EXPECT_EQ(Found(variables, u"A1"), "1234.5");
-    EXPECT_EQ(variables.Add(u"B", u"-12,000"), "");
+    EXPECT_EQ(variables.Add(u"B", u"-12,000").reason, "");
     EXPECT_EQ(Found(variables, u"B"), "-12000");
 }
 
@@ -50,16 +51,16 @@ TEST(Variables, NamesThatCannotStandInAFormula) {
     Variables variables;
     for (const char16_t* name : {u"", u"A+B", u"A B", u"[A]", u"A%", u"2A", u".A", u"Q", u"q", u"cost",
                                  u"LNB", u"sinus", u"Tank", u"expo", u"sqrt1", u"fabs", u"A×B"})
-        EXPECT_NE(variables.Add(name, u"1"), "") << ToUtf8(CString(name));
+        EXPECT_NE(variables.Add(name, u"1").reason, "") << ToUtf8(CString(name));
     EXPECT_EQ(variables.Count(), 0u);
-    EXPECT_EQ(variables.Add(u"log", u"1"), "");  // no function of the analyser
+    EXPECT_EQ(variables.Add(u"log", u"1").reason, "");  // no function of the analyser
 }
 
 TEST(Variables, ValuesAreNumbers) {
     Variables variables;
     for (const char16_t* value : {u"", u"abc", u"1e5", u"1/2", u"5%", u"1000000000", u"12,34"})
-        EXPECT_NE(variables.Add(u"A", value), "") << ToUtf8(CString(value));
-    EXPECT_EQ(variables.Add(u"A", u"999999999"), "");
+        EXPECT_NE(variables.Add(u"A", value).reason, "") << ToUtf8(CString(value));
+    EXPECT_EQ(variables.Add(u"A", u"999999999").reason, "");
 }
 
 TEST(Variables, ReadsATable) {
@@ -74,9 +75,9 @@ TEST(Variables, BadRowsAreNotedAndLeftOut) {
     EXPECT_EQ(table.refusal, "");
     EXPECT_EQ(table.problems.badRows, 3u);
     ASSERT_EQ(table.problems.found.size(), 3u);
-    EXPECT_EQ(ProblemText("v.csv", table.problems.found[0]),
+    EXPECT_EQ(EnglishText("v.csv", table.problems.found[0]),
               "v.csv:3:1: error: name: in a formula the name would be read as the function cos");
-    EXPECT_EQ(ProblemText("v.csv", table.problems.found[1]),
+    EXPECT_EQ(EnglishText("v.csv", table.problems.found[1]),
               "v.csv:4:2: error: value: the value is no number: \"abc\"");
     EXPECT_EQ(table.problems.found[2].place.line, 5u);
     EXPECT_EQ(Found(table.variables, u"H"), "3");

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "EnglishText.h"
 #include "Utf8.h"
 #include "XmlText.h"
 

@@ -184,6 +184,7 @@ inline constexpr const char* exportedNames[] = {
     "IQsUtils::m_strSoftVersion",
     "IQsUtils::operator=(IQsUtils const&)",
     "IQsUtils::~IQsUtils()",
+    "QsUtilsVersion",
     "ToNativePath(CString const&)",
     "operator<<(std::ostream&, CString const&)",
     "IQsUtils::GetProjectDbTemplate()",

@@ -1,5 +1,8 @@
 #include "Terminal.h"
 
+#include <cstdlib>
+#include <string_view>
+
 #include <unistd.h>
 
 namespace Estimate {
@@ -9,7 +12,8 @@ Terminal::Terminal() = default;
 Terminal::~Terminal() = default;
 
 bool Terminal::IsWatched() const {
-    return isatty(STDERR_FILENO) != 0;
+    const char* const kind = std::getenv("TERM");
+    return isatty(STDERR_FILENO) != 0 && kind != nullptr && *kind != '\0' && std::string_view(kind) != "dumb";
 }
 
 std::vector<std::string> Terminal::Arguments(int argc, char** argv) {

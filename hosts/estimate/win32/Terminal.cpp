@@ -1,7 +1,9 @@
 #include "Terminal.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
+#include <string_view>
 
 #include <windows.h>
 #include <fcntl.h>
@@ -27,16 +29,26 @@ Terminal::Terminal() {
         _setmode(_fileno(stream), _O_BINARY);
     m_codePage = ::GetConsoleOutputCP();
     ::SetConsoleOutputCP(CP_UTF8);
+    m_inputCodePage = ::GetConsoleCP();
+    ::SetConsoleCP(CP_UTF8);
+    // A console takes escape sequences when it is asked to; older ones can't.
+    const HANDLE err = ::GetStdHandle(STD_ERROR_HANDLE);
+    if (::GetConsoleMode(err, &m_mode) != 0)
+        m_isDrawable = ::SetConsoleMode(err, m_mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
 }
 
 Terminal::~Terminal() {
     if (m_codePage != 0)
         ::SetConsoleOutputCP(m_codePage);
+    if (m_inputCodePage != 0)
+        ::SetConsoleCP(m_inputCodePage);
+    if (m_isDrawable)
+        ::SetConsoleMode(::GetStdHandle(STD_ERROR_HANDLE), m_mode);
 }
 
 bool Terminal::IsWatched() const {
-    DWORD mode = 0;
-    return ::GetConsoleMode(::GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+    const char* const kind = std::getenv("TERM");
+    return m_isDrawable && (kind == nullptr || std::string_view(kind) != "dumb");
 }
 
 // Those of `main` are in the code page of the system, which lacks characters that a name may have.

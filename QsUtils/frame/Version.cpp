@@ -1,0 +1,5 @@
+#include "QsUtils/frame/Version.h"
+
+const char* QsUtilsVersion() {
+    return QSUTILS_VERSION;
+}
