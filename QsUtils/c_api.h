@@ -1,4 +1,5 @@
-/* The library for hosts in other languages, and for those of other compilers: functions of C, opaque handles
+/** @file
+   The library for hosts in other languages, and for those of other compilers: functions of C, opaque handles
    and plain numbers. docs/c-api.md has the rules and examples. They hold for every function, unless it says
    otherwise:
 

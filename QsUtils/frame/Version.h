@@ -8,8 +8,8 @@
 extern "C" {
 #endif
 
-/** The version of the module that answers, such as "1.2.3": ASCII, static, never null. It may differ from that
-    of the headers that a host was built with. Any thread. */
+/** The version of the module that answers, such as "1.2.3": ASCII, static, never null. It may differ from
+   that of the headers that a host was built with. Any thread. */
 QSUTILS_API const char* QsUtilsVersion(void);
 
 #if defined(__cplusplus)

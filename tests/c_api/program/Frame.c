@@ -18,7 +18,7 @@ static int Holds(const char* name, const char* text) {
 
 void CheckFrame(void) {
     QsTimeCostTracker* tracker = NULL;
-    CHECK(strcmp(QsUtilsVersion(), "1.0.0") == 0);
+    CHECK(strcmp(QsUtilsVersion(), EXPECTED_VERSION) == 0);
     TEXT("", QsGetSoftVersion(&theText));
     OK(QsSetSoftVersion(T("V1")));
     TEXT("V1", QsGetSoftVersion(&theText));
