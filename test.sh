@@ -18,7 +18,8 @@ Builds the release and runs its tests. Options add stages:
   --sanitize      the tests under AddressSanitizer and UndefinedBehaviorSanitizer, then under ThreadSanitizer
   --fuzz SECONDS  the fuzzers, which share the time equally
   --coverage      the tests with counted lines; fails when fewer than 95 % of the library's lines were run
-  --lint          the format of all sources, clang-tidy on the library, shellcheck on the scripts
+  --lint          the format of all sources, clang-tidy on the library, shellcheck on the scripts, the reference
+                  without a warning, the links of the documents
   --all           all of these, with a minute of fuzzing unless --fuzz says otherwise
   --help          this text
 

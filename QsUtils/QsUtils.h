@@ -1,4 +1,5 @@
-// QsUtils: the one header that a host includes.
+/// @file
+/// QsUtils: the one header that a host includes.
 #pragma once
 
 #include "QsUtils/codes/CCodeParser.h"

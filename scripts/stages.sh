@@ -175,8 +175,15 @@ check_scripts() {
         scripts/windows-screenshots)
 }
 
+check_reference() {
+    (cd "$root" && cmake --preset lint >/dev/null </dev/null && cmake --build build/lint --target docs </dev/null)
+}
+
 run_lint() {
     check "clang-format" check_format
     check "clang-tidy" check_tidy
     check "shellcheck" check_scripts
+    check "the reference, without a warning" check_reference
+    check "the links of the documents" "$root/scripts/check-links"
+    check "the check of links" python3 "$root/tests/scripts/check_links_test.py"
 }

@@ -1,4 +1,5 @@
-// The form of an item code: prefix, separator, index.
+/// @file
+/// The form of an item code: prefix, separator, index.
 #pragma once
 
 #include "QsUtils/platform/Api.h"

@@ -1,4 +1,5 @@
-// How an extra cost is charged.
+/// @file
+/// How an extra cost is charged.
 #pragma once
 
 /// How an extra cost type applies its coefficient; the texts are those of ".ec" files.

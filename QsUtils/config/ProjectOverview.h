@@ -1,9 +1,11 @@
-// The project overview: the form of named fields that describes a project.
+/// @file
+/// The project overview: the form of named fields that describes a project.
 #pragma once
 
 #include "QsUtils/platform/Api.h"
 #include "QsUtils/text/CString.h"
 
+/// The overview of a project. See docs/config-data.md.
 namespace QS_ProjectOverView {
 
 /// One field of the overview. Names in backticks are those of its attributes in files.
@@ -26,8 +28,8 @@ struct stuColInfo {
 class QSUTILS_API CProjectOverViewFactory {
 public:
     CProjectOverViewFactory();
-    CProjectOverViewFactory(const CProjectOverViewFactory&) = default;
-    CProjectOverViewFactory& operator=(const CProjectOverViewFactory&);
+    CProjectOverViewFactory(const CProjectOverViewFactory&) = default;   ///< There is nothing to copy.
+    CProjectOverViewFactory& operator=(const CProjectOverViewFactory&);  ///< There is nothing to copy.
 };
 
 }  // namespace QS_ProjectOverView

@@ -1,4 +1,5 @@
-// Where the folders of an installation lie: three services, one for each source of folders.
+/// @file
+/// Where the folders of an installation lie: three services, one for each source of folders.
 #pragma once
 
 #include "QsUtils/directory/LibraryKey.h"
@@ -35,26 +36,30 @@ public:
     /// checked nor resolved. The executable's folder itself for a code that the file lacks, and when there is
     /// no good file.
     virtual CString GetDirectory(const CString& code) = 0;
-    // `GetDirectory` of the code that each is named after; of "LibVisitor" for `GetLibVisitorDirectory`.
-    virtual CString GetProjectTemplateDirectory() = 0;
-    virtual CString GetTemplateDirectory() = 0;
-    virtual CString GetConfigDirectory() = 0;
-    virtual CString GetTempFileDirectory() = 0;
-    virtual CString GetHelpDirectory() = 0;
-    virtual CString GetProjectFileDirectory() = 0;
-    virtual CString GetProgramTemplateDirectory() = 0;
-    virtual CString GetReportDirectory() = 0;
-    virtual CString GetReportTemplateDirectory() = 0;
-    virtual CString GetBidTenderFileTemplateDirectory() = 0;
-    virtual CString GetGraphSetDirectory() = 0;
-    virtual CString GetSoftNetDirectory() = 0;
-    virtual CString GetLibVisitorDirectory() = 0;
-    virtual CString GetFyhzTemplateDirectory() = 0;
-    virtual CString GetGfsjTemplateDirectory() = 0;
-    virtual CString GetCsxmTemplateDirectory() = 0;
-    virtual CString GetDjzcTemplateDirectory() = 0;
-    virtual CString GetLibraryDirectory() = 0;
-    virtual CString GetLogDirectory() = 0;
+    /// @name Single folders
+    /// `GetDirectory` of the code that stands beside each.
+    /// @{
+    virtual CString GetProjectTemplateDirectory() = 0;  ///< of the code "ProjectTemplateDirectory"
+    virtual CString GetTemplateDirectory() = 0;         ///< of the code "TemplateDirectory"
+    virtual CString GetConfigDirectory() = 0;           ///< of the code "ConfigDirectory"
+    virtual CString GetTempFileDirectory() = 0;         ///< of the code "TempFileDirectory"
+    virtual CString GetHelpDirectory() = 0;             ///< of the code "HelpDirectory"
+    virtual CString GetProjectFileDirectory() = 0;      ///< of the code "ProjectFileDirectory"
+    virtual CString GetProgramTemplateDirectory() = 0;  ///< of the code "ProgramTemplateDirectory"
+    virtual CString GetReportDirectory() = 0;           ///< of the code "ReportDirectory"
+    virtual CString GetReportTemplateDirectory() = 0;   ///< of the code "ReportTemplateDirectory"
+    virtual CString
+    GetBidTenderFileTemplateDirectory() = 0;         ///< of the code "BidTenderFileTemplateDirectory"
+    virtual CString GetGraphSetDirectory() = 0;      ///< of the code "GraphSetDirectory"
+    virtual CString GetSoftNetDirectory() = 0;       ///< of the code "SoftNetDirectory"
+    virtual CString GetLibVisitorDirectory() = 0;    ///< of the code "LibVisitor"
+    virtual CString GetFyhzTemplateDirectory() = 0;  ///< of the code "FyhzTemplateDirectory"
+    virtual CString GetGfsjTemplateDirectory() = 0;  ///< of the code "GfsjTemplateDirectory"
+    virtual CString GetCsxmTemplateDirectory() = 0;  ///< of the code "CsxmTemplateDirectory"
+    virtual CString GetDjzcTemplateDirectory() = 0;  ///< of the code "DjzcTemplateDirectory"
+    virtual CString GetLibraryDirectory() = 0;       ///< of the code "LibraryDirectory"
+    virtual CString GetLogDirectory() = 0;           ///< of the code "LogDirectory"
+    /// @}
 };
 
 /// Folders of the cost libraries, which the companion module knows (see `LibraryVisitor.h`). It is loaded at
@@ -80,15 +85,17 @@ public:
     /// The folder of a section's bill library files: the one named after the section's provider, below
     /// `GetBillLibraryRootDirectory`. Empty when the section has no provider.
     virtual CString GetBillLibraryDirectory(const LibraryKey& key) = 0;
-    /// The folder of a section's ".drt" files, and that of its ".config" files.
+    /// The folder of a section's ".drt" files.
     virtual CString GetDrtFileDirectory(const LibraryKey& key) = 0;
+    /// The folder of a section's ".config" files.
     virtual CString GetConfigFileDirectory(const LibraryKey& key) = 0;
     /// The folder whose subfolders are a section's items.
     virtual CString GetSubLibraryRootDirectory(const LibraryKey& key) = 0;
     /// The folder of one item.
     virtual CString GetSubLibraryDirectory(const LibraryKey& key) = 0;
-    /// The folders of a section's fee templates and report templates.
+    /// The folder of a section's fee templates.
     virtual CString GetFeeTemplateLibraryDirectory(const LibraryKey& key) = 0;
+    /// The folder of a section's report templates.
     virtual CString GetReportTemplateLibraryDirectory(const LibraryKey& key) = 0;
     /// The folder of path kind 10, for hosts that know its meaning.
     virtual CString GetPathKind10Directory(const LibraryKey& key) = 0;
@@ -98,11 +105,14 @@ public:
     virtual ILibraryDirectoryVisitor* GetLibraryDirectoryVisitor() = 0;
 };
 
-// The services of the process, always the same, made at the first call; never deleted by a caller.
+/// @name Services
+/// Those of the process, always the same, made at the first call; never deleted by a caller.
+/// @{
 
-QSUTILS_API ICommonDirectory* GetCommonDirectoryManager();
-QSUTILS_API IProjectDirectory* GetProjectDirectoryManager();
-QSUTILS_API ILibraryDirectory* GetLibraryDirectoryManager();
+QSUTILS_API ICommonDirectory* GetCommonDirectoryManager();    ///< the system's folders
+QSUTILS_API IProjectDirectory* GetProjectDirectoryManager();  ///< the installation's folders
+QSUTILS_API ILibraryDirectory* GetLibraryDirectoryManager();  ///< the libraries' folders
+/// @}
 
 /// For a host that doesn't stand in an installation, such as a tool or a test: names the installation's
 /// folder, with or without a backslash at its end, which from now on takes the place of the executable's

@@ -1,12 +1,13 @@
-// What a companion module answers: the contract between this library and `LibraryConfigVisitor`, which knows
-// the layout and the contents of the cost libraries of an installation. The author of a companion needs this
-// header and the standard library, nothing else.
-//
-// The companion is loaded at run time from the folder that `DirectoryConfig.xml` gives under "LibVisitor". It
-// is built with the same family of compiler as this library, since texts cross the boundary as
-// `std::wstring`. Every pointer that it hands out stays its own and is good until it is unloaded. It is
-// called from whatever thread a host calls from, one call at a time, so that one object may answer for all
-// sections. It may call the library back. No exception may leave it.
+/// @file
+/// What a companion module answers: the contract between this library and `LibraryConfigVisitor`, which knows
+/// the layout and the contents of the cost libraries of an installation. The author of a companion needs this
+/// header and the standard library, nothing else.
+///
+/// The companion is loaded at run time from the folder that `DirectoryConfig.xml` gives under "LibVisitor".
+/// It is built with the same family of compiler as this library, since texts cross the boundary as
+/// `std::wstring`. Every pointer that it hands out stays its own and is good until it is unloaded. It is
+/// called from whatever thread a host calls from, one call at a time, so that one object may answer for all
+/// sections. It may call the library back. No exception may leave it.
 #pragma once
 
 #include <cstdint>
@@ -16,9 +17,9 @@
 
 /// A question for a folder.
 struct LibraryPathQuery {
-    std::wstring Family;
-    std::wstring Section;
-    std::wstring Item;
+    std::wstring Family;    ///< as in `LibraryKey`
+    std::wstring Section;   ///< as in `LibraryKey`
+    std::wstring Item;      ///< as in `LibraryKey`
     std::wstring Reserved;  ///< always empty
     std::int32_t PathKind =
         0;  ///< which folder: a `LibraryPathKind`, or one that this library doesn't ask for
@@ -48,6 +49,7 @@ enum LibraryKind : std::int32_t {
 
 /// A library of a section; the companion's.
 struct LibraryEntry {
+    /// The name by which it is looked up.
     std::wstring Name;
     /// A bill library: its file name. A quota library: the name under which it is offered to users.
     std::wstring LibraryFile;
@@ -62,21 +64,21 @@ struct LibraryEntry {
 
 /// How a bill library counts the characters of its codes.
 struct BillLibraryRule {
-    std::int32_t nCount1 = 9;
-    std::int32_t nCount2 = 3;
-    bool bFlag1 = false;
-    bool bFlag2 = false;
+    std::int32_t nCount1 = 9;  ///< characters of the national code
+    std::int32_t nCount2 = 3;  ///< characters of the sequence behind it
+    bool bFlag1 = false;       ///< for hosts
+    bool bFlag2 = false;       ///< for hosts; never taken from a companion by `GetBillLibraryRule`
 };
 
 /// The file of an enterprise bill library.
 struct EnterpriseBillFile {
-    std::wstring FileName;
+    std::wstring FileName;  ///< without its folder
 };
 
 /// The text of an enterprise bill library.
 struct EnterpriseBillRecord {
-    std::wstring Name;
-    std::wstring Text;
+    std::wstring Name;  ///< the library's name
+    std::wstring Text;  ///< what hosts show of it
 };
 
 // The interfaces. The order of their functions is the contract: the reserved ones keep the places of
@@ -85,12 +87,12 @@ struct EnterpriseBillRecord {
 /// Where the folders of the libraries lie.
 class ILibraryDirectoryVisitor {
 public:
-    virtual void Reserved0() = 0;
-    virtual void Reserved1() = 0;
+    virtual void Reserved0() = 0;  ///< keeps its place
+    virtual void Reserved1() = 0;  ///< keeps its place
     /// The absolute path of the folder, in this library's form and with a backslash at its end; empty when
     /// there is none. Whether the folder exists doesn't matter.
     virtual std::wstring GetLibraryPath(const LibraryPathQuery& query) = 0;
-    virtual void Reserved3() = 0;
+    virtual void Reserved3() = 0;  ///< keeps its place
     /// The tag that stands for an item's name in `LibraryEntry::ItemTags`.
     virtual std::wstring GetLibraryTag(const std::wstring& name) = 0;
 
@@ -101,20 +103,20 @@ protected:
 /// The libraries of one section.
 class ILibraryGlobalConfigVisitor {
 public:
-    virtual void Reserved0() = 0;
-    virtual void Reserved1() = 0;
-    virtual void Reserved2() = 0;
+    virtual void Reserved0() = 0;  ///< keeps its place
+    virtual void Reserved1() = 0;  ///< keeps its place
+    virtual void Reserved2() = 0;  ///< keeps its place
     /// Who stands behind the section's libraries; "墨衡" for the product's own.
     virtual std::wstring GetLibraryOwner() = 0;
     /// The provider, whose name is also that of the folder of the section's bill libraries; "墨衡" for the
     /// product's own.
     virtual std::wstring GetLibraryProvider() = 0;
-    virtual void Reserved5() = 0;
-    virtual void Reserved6() = 0;
-    virtual void Reserved7() = 0;
-    virtual void Reserved8() = 0;
-    virtual void Reserved9() = 0;
-    virtual void Reserved10() = 0;
+    virtual void Reserved5() = 0;   ///< keeps its place
+    virtual void Reserved6() = 0;   ///< keeps its place
+    virtual void Reserved7() = 0;   ///< keeps its place
+    virtual void Reserved8() = 0;   ///< keeps its place
+    virtual void Reserved9() = 0;   ///< keeps its place
+    virtual void Reserved10() = 0;  ///< keeps its place
     /// The entry of a `LibraryKind` with this key, which isn't its name; null when there is none.
     virtual LibraryEntry* FindEntryByKey(const std::wstring& key, std::int32_t kind) = 0;
     /// The entry of a `LibraryKind` with this name; null when there is none.
@@ -129,8 +131,8 @@ protected:
 /// One bill library.
 class IBillLibraryConfigVisitor {
 public:
-    virtual void Reserved0() = 0;
-    virtual void Reserved1() = 0;
+    virtual void Reserved0() = 0;  ///< keeps its place
+    virtual void Reserved1() = 0;  ///< keeps its place
     /// Writes the rule, or what it knows of it, over the defaults that the caller has put there. The result
     /// isn't read.
     virtual bool GetRule(BillLibraryRule& rule) = 0;
@@ -142,11 +144,11 @@ protected:
 /// The enterprise bill libraries of a family.
 class IEnterpriseBillLibraryConfigVisitor {
 public:
-    virtual void Reserved0() = 0;
-    virtual void Reserved1() = 0;
-    virtual void Reserved2() = 0;
-    virtual void Reserved3() = 0;
-    virtual void Reserved4() = 0;
+    virtual void Reserved0() = 0;  ///< keeps its place
+    virtual void Reserved1() = 0;  ///< keeps its place
+    virtual void Reserved2() = 0;  ///< keeps its place
+    virtual void Reserved3() = 0;  ///< keeps its place
+    virtual void Reserved4() = 0;  ///< keeps its place
     /// The file of the library of this name; null when there is none.
     virtual EnterpriseBillFile* FindBillFile(const std::wstring& name) = 0;
     /// The record of the library of this name; null when there is none.
@@ -165,11 +167,15 @@ extern "C" {
 /// Called once, behind the load: the folder that the companion was loaded from, with a backslash at its end,
 /// and 1.
 using InitializationSupportProduct = void(const wchar_t* folder, std::int32_t product);
+/// The one visitor of folders.
 using GetLibraryDirectoryVisitor = ILibraryDirectoryVisitor*();
+/// The visitor of a section.
 using GetLibraryGlobalConfigVisitor = ILibraryGlobalConfigVisitor*(const wchar_t* family,
                                                                    const wchar_t* section);
+/// The visitor of a bill library of a section, by its name.
 using GetBillLibraryConfigVisitor = IBillLibraryConfigVisitor*(const wchar_t* family, const wchar_t* section,
                                                                const wchar_t* library);
+/// The visitor of a family's enterprise bill libraries.
 using GetEnterpriseBillLibraryConfigVisitor = IEnterpriseBillLibraryConfigVisitor*(const wchar_t* family);
 /// A number of the product that hosts interpret.
 using GetLibrarySeries = std::int32_t();

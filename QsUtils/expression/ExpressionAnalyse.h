@@ -1,4 +1,5 @@
-// Quantity formulas: from text to a tree of nodes, and to a value.
+/// @file
+/// Quantity formulas: from text to a tree of nodes, and to a value.
 #pragma once
 
 #include <cstdint>
@@ -6,6 +7,7 @@
 #include "QsUtils/platform/Api.h"
 #include "QsUtils/text/CString.h"
 
+/// The analyser of formulas, its trees, and the values that tell nodes apart. See docs/expressions.md.
 namespace ExpressionAnalyse {
 
 /// What a node stands for; the values of `IExpressionNode::IsNodeType`.
@@ -34,9 +36,13 @@ enum eBracketType : std::int32_t {
 class QSUTILS_API IExpressionNode {
 public:
     virtual ~IExpressionNode();
+    /// The left child, or the only one; null without.
     virtual IExpressionNode* GetLeftNode() = 0;
+    /// Sets the left child; null takes it away.
     virtual void SetLeftNode(IExpressionNode* node) = 0;
+    /// The right child; null without.
     virtual IExpressionNode* GetRightNode() = 0;
+    /// Sets the right child; null takes it away.
     virtual void SetRightNode(IExpressionNode* node) = 0;
     /// Calculates the subtree afresh. An operand is the number that its text begins with, or 0; "%" and "‰"
     /// divide it. A division by at most 1e-7 in magnitude is 0.
@@ -45,17 +51,23 @@ public:
     virtual CString ToString() = 0;
     /// The operator, the function's name or the operand, without its sign.
     virtual CString GetNodeText() = 0;
+    /// Sets the text that stands for the node, which is that of `GetNodeText`.
     virtual void SetNodeText(const CString& text) = 0;
     /// Sets the text of a node without children, for instance to bind a variable; else does nothing.
     virtual void SetLeafText(const CString& text) = 0;
     /// Whether the node has no child; its type doesn't matter.
     virtual bool IsLeaf() = 0;
+    /// Whether the brackets are of this `eBracketType`.
     virtual bool IsBracketType(std::int32_t type) = 0;
+    /// Sets an `eBracketType`.
     virtual void SetBracketType(std::int32_t type) = 0;
     /// Whether a minus stands in front of the node.
     virtual bool IsNegative() = 0;
+    /// Puts a minus in front of the node, or takes it away.
     virtual void SetNegative(bool negative) = 0;
+    /// Whether the node is of this `eNodeType`.
     virtual bool IsNodeType(std::int32_t type) = 0;
+    /// Sets an `eNodeType`.
     virtual void SetNodeType(std::int32_t type) = 0;
     /// Whether the text is made of digits and points alone, and isn't empty: false for a variable.
     virtual bool IsNumber() = 0;

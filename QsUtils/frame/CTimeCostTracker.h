@@ -1,4 +1,5 @@
-// How long a piece of work takes, told to the log.
+/// @file
+/// How long a piece of work takes, told to the log.
 #pragma once
 
 #include <cstdint>
@@ -11,9 +12,13 @@
 /// one and any may end it; no failure of the log is told.
 class QSUTILS_API CTimeCostTracker {
 public:
+    /// Begins to count.
     CTimeCostTracker(const CString& name);
+    /// The same name and start; reports as well.
     CTimeCostTracker(const CTimeCostTracker&);
+    /// Takes over name and start; its own are never reported.
     CTimeCostTracker& operator=(const CTimeCostTracker&);
+    /// Reports.
     virtual ~CTimeCostTracker();
 
 private:

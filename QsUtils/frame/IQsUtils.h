@@ -1,4 +1,5 @@
-// IQsUtils, the first of the two facades.
+/// @file
+/// IQsUtils, the first of the two facades.
 #pragma once
 
 #include <list>
@@ -19,18 +20,24 @@
 class QSUTILS_API IQsUtils {
 public:
     IQsUtils();
-    IQsUtils(const IQsUtils&);
-    IQsUtils& operator=(const IQsUtils&);
+    IQsUtils(const IQsUtils&);             ///< There is nothing to copy.
+    IQsUtils& operator=(const IQsUtils&);  ///< There is nothing to copy.
     virtual ~IQsUtils();
 
-    // --- Soft version
+    /// @name Soft version
+    /// @{
 
     /// The version text that the host has set; empty until then. For one thread at a time.
     static CString GetSoftVersion();
+    /// Sets it, without a check.
     static void SetSoftVersion(const CString& version);
+    /// The text itself.
     static CString m_strSoftVersion;
+    /// @}
 
-    // --- Segments and strings. Separators may have any length unless they are one character.
+    /// @name Segments and strings
+    /// Separators may have any length unless they are one character.
+    /// @{
 
     /// Removes the first segment of `text` and the separator behind it: "a/b/c" becomes "b/c". False, with
     /// `text` unchanged, when the separator doesn't occur or the text is empty; true for an empty separator.
@@ -69,8 +76,10 @@ public:
     static std::string UnicodeToAnsi(const std::wstring& text);
     /// The text up to its first NUL.
     static std::wstring CStringToWstring(CString& text);
+    /// @}
 
-    // --- Numbers
+    /// @name Numbers
+    /// @{
 
     /// Reads a whole number: white space around it, a sign, digits. True, with `value` written, only when the
     /// whole text has that form; a number out of range saturates.
@@ -83,15 +92,19 @@ public:
     /// `value` with `decimals` decimals, rounded as IEEE 754 says, and without trailing zeros when
     /// `trimZeros`. Below 0 and above 6 the text has six decimals and keeps its zeros.
     static CString DoubleToCString(double value, int decimals, bool trimZeros);
+    /// @}
 
-    // --- Chinese numerals
+    /// @name Chinese numerals
+    /// @{
 
     /// An amount of money in capital numerals with yuan, jiao and fen: 12.34 is "壹拾贰元叁角肆分".
     static CString NumToRMBStr(double value);
     /// An int in ordinary numerals: 105 is "一百零五". Every negative value is "负数".
     static CString TransIntToUpper(int value);
+    /// @}
 
-    // --- Order of codes
+    /// @name Order of codes
+    /// @{
 
     /// Compares quota codes as texts and numbers in turn, so that "2-9" stands before "2-10": -1, 0 or 1.
     /// A code of 500 units or more gives -1 against any other, also against itself.
@@ -106,15 +119,19 @@ public:
     static int CompareStringW(const CString& a, const CString& b, wchar_t sep);
     /// Whether the number that `a` begins with is below that of `b`: a strict weak order.
     static bool SortItem(const CString& a, const CString& b);
-    /// Sort codes, each with its item, by `CompareDECode`, `CompareQDCode` and `CompareStringW` with "/". The
-    /// order of items that compare equal is that of one fixed partition sort (see docs/codes.md), the same in
-    /// every release. The pointers are not read.
+    /// Sorts codes, each with its item, by `CompareDECode`. The order of items that compare equal is that of
+    /// one fixed partition sort (see docs/codes.md), the same in every release. The pointers are not read.
     static void SortDeItemCodes(std::vector<std::pair<CString, void*>>& items);
+    /// The same by `CompareQDCode`.
     static void SortQdItemCodes(std::vector<std::pair<CString, void*>>& items);
+    /// The same by `CompareStringW` with "/".
     static void SortItemCodes(std::vector<std::pair<CString, void*>>& items);
+    /// @}
 
-    // --- Majors, from the file MajorCode.ini beside the executable, which is read at the first of these
-    // calls. A missing file, like an unknown key, gives an empty text.
+    /// @name Majors
+    /// They stand in the file MajorCode.ini beside the executable, which is read at the first of these calls.
+    /// A missing file, like an unknown key, gives an empty text. See docs/majors.md.
+    /// @{
 
     /// The code of a major: "建筑工程" is "T". A name that the product doesn't know is looked up in the file.
     static void GetMajorCodeByName(const CString& name, CString& code);
@@ -122,8 +139,10 @@ public:
     static void GetMajorByCode(const CString& code, CString& name);
     /// Appends the names of majors that have a code, in ascending order of their units.
     static void GetAllMajorName(CStringArray& names);
+    /// @}
 
-    // --- Variables in formulas
+    /// @name Variables in formulas
+    /// @{
 
     /// Whether the text of a formula holds a variable.
     static bool IsVariable(const CString& text);
@@ -138,9 +157,11 @@ public:
     static void ReplaceQWithProjectAmount(CString& text, const CString& amount);
     /// Puts `value` in place of each variable that equals `variable`, in the exact case.
     static void ReplaceVarString(CString& text, const CString& variable, const CString& value);
+    /// @}
 
-    // --- Paths, folders and versions. Paths have backslashes on every system; a failure shows in the result
-    // alone. See docs/files.md.
+    /// @name Paths, folders and versions
+    /// Paths have backslashes on every system; a failure shows in the result alone. See docs/files.md.
+    /// @{
 
     /// Makes a folder and all folders above it that are missing: 1 if it exists at the end, 0 if not.
     static int CreateFolderAllPath(const CString& path);
@@ -177,11 +198,15 @@ public:
     /// the executable, at most 499 units and not checked; without it the folder "工程文件" there. The file is
     /// read by every call.
     static CString GetInitPath();
+    /// @}
 
-    // --- Save backup: the working copy of a project below "tempfile\" beside the executable.
-    // `strProjectFile` is the full path of the project file; beside it stand the database, with the extension
-    // ".mdb", and the folder of graphics, without any. Nothing tells of a failure; docs/backup.md says what
-    // is whole then. Projects of one file name share one place, in which one call is made after another.
+    /// @name Save backup
+    /// The working copy of a project stands below "tempfile\" beside the executable.
+    /// `strProjectFile` is the full path of the project file; beside it stand the database, with the
+    /// extension ".mdb", and the folder of graphics, without any. Nothing tells of a failure; docs/backup.md
+    /// says what is whole then. Projects of one file name share one place, which is for one call at a
+    /// time.
+    /// @{
 
     /// The project's folder in the backup, which is made; empty when the executable's folder isn't known.
     static void GetCurBackUpPath(CString& strPath, CString const& strProjectFile);
@@ -197,13 +222,17 @@ public:
     /// A project is left without saving: the graphic folder, if it has been changed, becomes the saved one
     /// again.
     static void OnNotSaveGraphicFile(CString const& strProjectFile);
+    /// @}
 
-    // --- Digest
+    /// @name Digest
+    /// @{
 
     /// The MD5 digest (RFC 1321) of the text's UTF-16LE bytes, as 32 lower-case hexadecimal digits.
     static CString GetStreamMD5(CString const& strText);
+    /// @}
 
-    // --- Open budgets
+    /// @name Open budgets
+    /// @{
 
     /// Whether another program lists `strItem` as open under the budget key `strKey`: 1 or 0. Also 0 when no
     /// program has listed anything, or when its list can't be read; see docs/open-budgets.md.
@@ -212,37 +241,49 @@ public:
     static CString YsTypeToString(eYsType eType);
     /// The kind of that text, in the exact case; `eYsType_Normal` for any other text.
     static eYsType StringToYsType(CString const& strType);
+    /// @}
 
-    // --- Templates. `family` and `section` are those of a `LibraryKey`. The pickers are modal and wait for
-    // the user; without a display they answer as if cancelled. See docs/dialogs.md.
+    /// @name Templates
+    /// `family` and `section` are those of a `LibraryKey`. The pickers are modal and wait for the user;
+    /// without a display they answer as if cancelled. See docs/dialogs.md.
+    /// @{
 
     /// The file "project.db" beside the executable, whether or not it exists.
     static CString GetProjectDbTemplate();
     /// The file "ZhengTiReport.xml" beside the executable, whether or not it exists.
     static CString GetZhengTiReport();
-    // Each lets the user pick a template of one kind, of the user's own or of the cost library: the full
-    // path, or the empty text when nothing was picked. `isZeroVariant` asks for the extension with the letter
-    // z.
+    /// Lets the user pick a template of a fee summary (费用汇总), of the user's own or of the cost library:
+    /// the full path, or the empty text when nothing was picked. `isZeroVariant` asks for the extension with
+    /// the letter z.
     static CString GetFeeTemplatePath(const CString& family, const CString& section, bool isZeroVariant);
-    /// `reportType` is 0 for the project, 1 and 2 for a unit project by bill and by quota.
+    /// The same for a report; `reportType` is 0 for the project, 1 and 2 for a unit project by bill and by
+    /// quota.
     static CString GetReportTemplatePath(const CString& family, const CString& section, int reportType);
+    /// The same for statutory fees and taxes (规费税金).
     static CString GetGfsjTemplatePath(const CString& family, const CString& section, bool isZeroVariant);
+    /// The same for measures (措施项目).
     static CString GetCsxmTemplatePath(const CString& family, const CString& section, bool isZeroVariant);
+    /// The same for the composition of unit prices (单价组成).
     static CString GetDjzcTemplatePath(const CString& family, const CString& section);
+    /// @}
 
-    // --- Folder browser
+    /// @name Folder browser
+    /// @{
 
     /// Lets the user choose a folder: its path, or the empty text when the user has cancelled, when the
     /// choice isn't in the file system, and without a display. Waits for the user.
     static CString SelectFolder();
+    /// @}
 
-    // --- Threads
+    /// @name Threads
+    /// @{
 
     /// Starts a thread that runs `routine(parameter)` at once, writes its id to `id`, which may be null, and
     /// tells the log with `name`. The handle is the caller's, who waits for it and closes it in any order;
     /// closed early it leaves nothing behind either. Null, with the id 0, when there is no thread to be had
     /// and for a null routine.
     static HANDLE StartThread(QsThreadRoutine routine, void* parameter, CString name, std::uint32_t* id);
+    /// @}
 
 private:
     /// As `RemoveRelativeDirectoryFromPath`, for every path.

@@ -1,4 +1,5 @@
-// IQsUtils1, the second of the two facades.
+/// @file
+/// IQsUtils1, the second of the two facades.
 #pragma once
 
 #include <cstddef>
@@ -15,8 +16,8 @@
 class QSUTILS_API IQsUtils1 {
 public:
     IQsUtils1();
-    IQsUtils1(const IQsUtils1&);
-    IQsUtils1& operator=(const IQsUtils1&);
+    IQsUtils1(const IQsUtils1&);             ///< There is nothing to copy.
+    IQsUtils1& operator=(const IQsUtils1&);  ///< There is nothing to copy.
     virtual ~IQsUtils1();
 
     /// How many characters the text has after a way through the ANSI code page and back.
@@ -50,11 +51,12 @@ public:
     /// tabs, the flags as "1" and "0", through `IQsUtils::GetStreamMD5`. `pKey` must not be null.
     static CString GenerateMaterialMD5(CommonMaterialKey* pKey);
 
-    // --- Extra costs of a cost library, from the ".ec" file beside it (see docs/config-data.md).
-    // `strLibFile` is the name of a library file without its folder, and `strFamily` the family in which it
-    // is looked for. A file is read once; what is handed out belongs to the library, stays where it is until
-    // the module ends, and is filled anew only by an `InitOverHeight` that finds the library at another
-    // place.
+    /// @name Extra costs of a cost library
+    /// They come from the ".ec" file beside it; see docs/config-data.md. `strLibFile` is the name of a
+    /// library file without its folder, and `strFamily` the family in which it is looked for. A file is read
+    /// once; what is handed out belongs to the library, stays where it is until the module ends, and is
+    /// filled anew only by an `InitOverHeight` that finds the library at another place.
+    /// @{
 
     /// Makes sure that the file of the library is read. False when there is no such library or file.
     static bool InitOverHeight(CString const& strLibFile, CString const& strFamily);
@@ -68,12 +70,14 @@ public:
     static eExtraCost_CoefficientType GetExtraCostCalType(CString const& strLibFile,
                                                           CString const& strTypeName,
                                                           CString const& strFamily);
+    /// @}
 
-    // --- The host's own data, by any text
+    /// @name The host's own data, by any text
+    /// @{
 
     /// Keeps a block under a key, in place of what is there, which isn't freed. The block belongs to the
     /// library from now on, which frees it as plain memory when the module ends: it must come from
-    /// `AllocateExtraCostData`, or from an `::operator new` that shares this module's heap, and hold nothing
+    /// `AllocateExtraCostData`, or from an `operator new` that shares this module's heap, and hold nothing
     /// that wants a destructor. Null may be kept.
     static void SetExtraCostData(CString const& strKey, void* pData);
     /// The block that is kept under a key; null when there is none.
@@ -81,8 +85,11 @@ public:
     /// A block for `SetExtraCostData`, uninitialised and aligned for any ordinary type. It is the caller's
     /// until it is set. Raises `std::bad_alloc`.
     static void* AllocateExtraCostData(std::size_t nBytes);
+    /// @}
 
-    // --- The overview of a project (see docs/config-data.md)
+    /// @name The overview of a project
+    /// See docs/config-data.md.
+    /// @{
 
     /// The fields that the product offers, from the file FieldChoose.cos beside the executable. It is read at
     /// the first call that finds a field in it: that one appends them to the list, and later ones replace the
@@ -97,9 +104,12 @@ public:
     /// when it can't be written, and then it stays as it was.
     static bool CreateProjOverViewInfo(CString const& strFile,
                                        std::list<QS_ProjectOverView::stuColInfo*> const& listInfo);
+    /// @}
 
-    // --- What users typed last, from the file HistoryInput.ini beside the executable. A section is an input
-    // field, by any name.
+    /// @name What users typed last
+    /// It stands in the file HistoryInput.ini beside the executable. A section is an input field, by any
+    /// name.
+    /// @{
 
     /// Makes a value the most recent one of its section; ten are kept, of which nine outlast the process. An
     /// empty value and the most recent one change nothing.
@@ -107,12 +117,15 @@ public:
     /// The values of a section, most recent first. The first call for a section appends them to the list and
     /// keeps the whole of it; later ones replace the list by what is kept.
     static void GetHistory(CString const& strSection, std::list<CString>& listHistory);
+    /// @}
 
-    // --- The marks that items can bear, from the file MarkConfig.xml in a folder of the bid and tender
-    // templates, else in the folder Config beside the executable. Groups are "MesureItem", "FeeTax",
-    // "FeeSummary", "OtherItemSummary" and "OtherItemPJTemPrice"; others have no marks. What the first call
-    // finds, for its folder and mode, counts for all; the file is loaded once more, behind what is there, as
-    // long as a group has no mark.
+    /// @name The marks that items can bear
+    /// They come from the file MarkConfig.xml in a folder of the bid and tender templates, else in the folder
+    /// Config beside the executable; see docs/config-data.md. Groups are "MesureItem", "FeeTax",
+    /// "FeeSummary", "OtherItemSummary" and "OtherItemPJTemPrice"; others have no marks. What the first call
+    /// finds, for its folder and mode, counts for all; the file is loaded once more, behind what is there, as
+    /// long as a group has no mark.
+    /// @{
 
     /// Adds the names of a group's marks by their codes; a code that the map holds keeps its name.
     static void GetMarkMap(CString const& strFolder, bool bQdMode, CString const& strGroup,
@@ -121,10 +134,15 @@ public:
     static void GetMarkList(CString const& strFolder, bool bQdMode, CString const& strGroup,
                             std::list<CString>& listMark);
 
+    /// @}
+
     /// The version number of the installed spreadsheet, "16" for instance; empty when there is none. On Linux
     /// that is one in the user's Wine prefix; see docs/open-budgets.md.
     static CString GetExcelInstallVersion();
-    // --- Logs. A failure to write is told to nobody.
+
+    /// @name Logs
+    /// A failure to write is told to nobody.
+    /// @{
 
     /// Appends "<date> <time>\t<text>" to a file, in the ANSI code page; a record ends in CR CR LF. The file
     /// is created when it is missing, its folder isn't. Nothing happens for an empty text or path. Callers on
@@ -134,4 +152,5 @@ public:
     /// Writes a line to the module's log, `Log\Tallyman.log` beside the executable (see docs/log.md). The
     /// text brings its level along: "[INFO]: ...", "[ERROR]: ...". Any thread may call it.
     static void LogError(const CString& text);
+    /// @}
 };

@@ -73,7 +73,7 @@ QsUi::IViews* ViewsOfTip() {
 }
 
 CQsUtilsApp theApp;
-constinit CShowTextDlg theTip(ViewsOfTip);
+CShowTextDlg theTip(ViewsOfTip);
 QsXml::ToolTable theXmlTools;
 constinit QsFrame::ServiceHolder<COprateString> theFormulaVariables;
 constinit QsFrame::ServiceHolder<LoadedUnitDecimals> theUnitDecimals;

@@ -1,4 +1,5 @@
-// What cost libraries an installation has, and where their files are.
+/// @file
+/// What cost libraries an installation has, and where their files are.
 #pragma once
 
 #include <cstdint>
@@ -11,11 +12,12 @@
 
 /// A quota library as `GetQuotaLibraryEntries` reports it.
 struct LibraryEntryInfo {
-    CString Name;
-    CString LibraryFile;
+    CString Name;          ///< its name, which looks it up
+    CString LibraryFile;   ///< the name under which it is offered to users
     CString FirstItemTag;  ///< empty when the library belongs to no item
 };
 
+/// The catalogue of an installation's cost libraries. See docs/libraries.md.
 namespace LibraryManager {
 
 /// Answers from the folders on disk and from the companion module, anew at each call: nothing is kept, so
@@ -31,7 +33,8 @@ public:
     /// The companion's series; -1 when there is none.
     virtual std::int32_t GetLibrarySeries() = 0;
 
-    // --- Listings
+    /// @name Listings
+    /// @{
 
     /// Replaces `families` by the families that offer a quota library, in the order of the folders on disk.
     /// The folders "清单库" and "LibDownTmp" are no families.
@@ -51,17 +54,22 @@ public:
     /// items of the section, one behind the other, so that a library in two items comes twice.
     virtual void GetQuotaLibraryNames(std::vector<CString>& names, const CString& family,
                                       const CString& section, const CString& item) = 0;
+    /// @}
 
-    // --- Files. Each gives the path of a file that exists. File names may hold wildcards and then come back
-    // with them. Where a folder isn't available, the bare name is looked for in the current folder.
+    /// @name Files
+    /// Each gives the path of a file that exists. File names may hold wildcards and then come back with them.
+    /// Where a folder isn't available, the bare name is looked for in the current folder.
+    /// @{
 
     /// The file of an enterprise bill library.
     virtual CString GetEnterpriseBillLibraryFile(const CString& family, const CString& name) = 0;
+    /// The file of a bill library, in the folder of the section's bill libraries.
     virtual CString FindBillLibraryFile(const CString& family, const CString& section,
                                         const CString& fileName) = 0;
-    /// The ".drt" or ".config" file that goes with a library file: the last four units of `fileName` are cut,
+    /// The ".drt" file that goes with a library file: the last four units of `fileName` are cut,
     /// whatever they are, and the ending is put in their place.
     virtual CString FindDrtFile(const CString& family, const CString& section, const CString& fileName) = 0;
+    /// The ".config" file likewise.
     virtual CString FindConfigFile(const CString& family, const CString& section,
                                    const CString& fileName) = 0;
     /// The data file of the quota library of that name.
@@ -70,8 +78,10 @@ public:
     /// A file in the folder of an item; an empty item stands for all items.
     virtual CString FindSubLibraryFile(const CString& family, const CString& section, const CString& item,
                                        const CString& fileName) = 0;
+    /// @}
 
-    // --- Tables
+    /// @name Tables
+    /// @{
 
     /// Writes the two counts and the first flag of a bill library's rule, each by its default where the
     /// companion says nothing; the second flag stays as it was. False, with `rule` untouched, when there is
@@ -99,6 +109,7 @@ public:
     /// alone.
     virtual bool GetQuotaLibraryEntries(const CString& family, const CString& unused,
                                         std::vector<LibraryEntryInfo>& entries) = 0;
+    /// @}
 };
 
 /// The manager of the process, always the same, made at the first call; never deleted by a caller.

@@ -1,5 +1,6 @@
-/* The two facts about the system that every public header needs: how a symbol crosses the module's boundary,
-   and what the unit of a text is called on this system. Compiles as C, too. */
+/// @file
+/// The two facts about the system that every public header needs: how a symbol crosses the module's
+/// boundary, and what the unit of a text is called on this system. Compiles as C, too.
 #pragma once
 
 #if defined(_WIN32)
@@ -11,6 +12,7 @@
 #define QSUTILS_API __declspec(dllimport)
 #endif
 #else
+/// Marks what crosses the boundary of the module.
 #define QSUTILS_API __attribute__((visibility("default")))
 #endif
 

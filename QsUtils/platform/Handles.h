@@ -1,5 +1,6 @@
-// Handles that a host waits for and closes, and the routine of a thread. On Windows they are the system's
-// own; elsewhere the names and values are the same.
+/// @file
+/// Handles that a host waits for and closes, and the routine of a thread. On Windows they are the system's
+/// own; elsewhere the names and values are the same.
 #pragma once
 
 #include <cstdint>
@@ -35,13 +36,15 @@ using QsThreadRoutine = std::uint32_t (*)(void*);
 /// Names a thread or a signal of this process. A value is never given twice while the module is loaded, so
 /// that a handle which was closed stays a bad one.
 using HANDLE = void*;
+/// A count of milliseconds, or the result of a wait.
 using DWORD = std::uint32_t;
 
+/// A handle that is never open.
 inline void* const INVALID_HANDLE_VALUE = reinterpret_cast<void*>(~std::uintptr_t{0});
-inline constexpr DWORD INFINITE = 0xFFFFFFFF;
-inline constexpr DWORD WAIT_OBJECT_0 = 0;
-inline constexpr DWORD WAIT_TIMEOUT = 258;
-inline constexpr DWORD WAIT_FAILED = 0xFFFFFFFF;
+inline constexpr DWORD INFINITE = 0xFFFFFFFF;     ///< no limit to a wait
+inline constexpr DWORD WAIT_OBJECT_0 = 0;         ///< what was waited for is there
+inline constexpr DWORD WAIT_TIMEOUT = 258;        ///< the time is up
+inline constexpr DWORD WAIT_FAILED = 0xFFFFFFFF;  ///< there is no such handle
 
 /// Waits until the thread has left this module and the process, or for `milliseconds` at most; `INFINITE`
 /// waits without limit. `WAIT_OBJECT_0`, `WAIT_TIMEOUT`, or `WAIT_FAILED` at once for a handle that isn't

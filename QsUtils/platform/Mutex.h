@@ -1,4 +1,5 @@
-// A lock that stands before any code runs: contract.
+/// @file
+/// A lock that stands before any code runs: contract.
 #pragma once
 
 #include <mutex>
@@ -21,6 +22,7 @@ private:
     void* m_lock = nullptr;
 };
 #else
+/// A mutex for `std::lock_guard`: not recursive, constant-initialised, and with nothing to free at the end.
 using Mutex = std::mutex;
 #endif
 

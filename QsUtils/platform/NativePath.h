@@ -1,4 +1,5 @@
-// Between the library's form of a path and the system's own.
+/// @file
+/// Between the library's form of a path and the system's own.
 #pragma once
 
 #include <filesystem>

@@ -1,4 +1,5 @@
-// A lock that its owner may take again: contract.
+/// @file
+/// A lock that its owner may take again: contract.
 #pragma once
 
 #include <atomic>
@@ -18,8 +19,8 @@ public:
     RecursiveMutex(const RecursiveMutex&) = delete;
     RecursiveMutex& operator=(const RecursiveMutex&) = delete;
 
-    void lock() noexcept;
-    void unlock() noexcept;
+    void lock() noexcept;    ///< Waits until no other thread holds it, and takes it once more.
+    void unlock() noexcept;  ///< Leaves it once.
 
 private:
     /// A number that no other living thread has, never 0.

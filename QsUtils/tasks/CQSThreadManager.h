@@ -1,4 +1,5 @@
-// Tasks on threads of their own, so many at a time.
+/// @file
+/// Tasks on threads of their own, so many at a time.
 #pragma once
 
 #include <atomic>
@@ -34,6 +35,7 @@ public:
     explicit CQSThreadManager(bool lastInFirstOut);
     /// Takes over the settings, the results and the observers. Tasks stay with the manager that has them.
     CQSThreadManager(const CQSThreadManager& other);
+    /// Likewise; the tasks of both go on where they are.
     CQSThreadManager& operator=(const CQSThreadManager& other);
     /// Deletes the waiting tasks, and returns when the running ones have ended, observers have been told of
     /// them, and no thread of this manager is left. Tasks that are started meanwhile are refused. Not to be
@@ -57,11 +59,12 @@ public:
     virtual void CancelTask(const CString& name);
     /// Deletes the waiting tasks, then cancels the active ones one by one.
     void CancelAllTask();
-    /// An observer that was added twice is told twice; null is kept and told nothing. One that is added
-    /// during a notification is told of it too, unless it is added by one that was the last and has removed
-    /// itself before. After `DelTaskThreadMgrObserver` has removed its only entry, an observer isn't called
-    /// any more.
+    /// Observers hear of the end of tasks. An observer that was added twice is told twice; null is kept and
+    /// told nothing. One that is added during a notification is told of it too, unless it is added by one
+    /// that was the last and has removed itself before. After `DelTaskThreadMgrObserver` has removed its only
+    /// entry, an observer isn't called any more.
     void AddTaskThreadMgrObserver(ITaskResultNotify* observer);
+    /// Removes one entry of an observer; one that isn't there is ignored.
     void DelTaskThreadMgrObserver(ITaskResultNotify* observer);
 
 protected:

@@ -1,4 +1,5 @@
-// The lock of the task threads, and its scoped form.
+/// @file
+/// The lock of the task threads, and its scoped form.
 #pragma once
 
 #include "QsUtils/platform/Api.h"
@@ -16,7 +17,9 @@ public:
     /// Nobody may own the lock or wait for it any more.
     virtual ~CSLock();
 
+    /// Waits until no other thread owns the lock, and enters it once more.
     void Lock();
+    /// Leaves it once; with the last time it is free.
     void UnLock();
 
 private:
@@ -26,6 +29,7 @@ private:
 /// Holds a lock for as long as it lives.
 class QSUTILS_API CSAutoLock {
 public:
+    /// Enters the lock, which has to outlive this object.
     explicit CSAutoLock(CSLock& lock);
     /// Doesn't enter the lock, but leaves it at its end all the same: with a copy, a lock is left once more
     /// than it was entered.

@@ -1,4 +1,5 @@
-// A task that a manager runs on a thread of its own.
+/// @file
+/// A task that a manager runs on a thread of its own.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +19,9 @@ public:
     /// `name` is the key by which the manager tells tasks apart, in the exact case; it stays as it is once
     /// the task was handed over. `param` is the host's own and isn't looked at.
     CThreadTask(CQSThreadManager* manager, const CString& name, void* param);
+    /// Copies are for tasks that haven't been handed over: all fields, the thread's handle among them.
     CThreadTask(const CThreadTask&);
+    /// Likewise.
     CThreadTask& operator=(const CThreadTask&);
     virtual ~CThreadTask();
 
@@ -36,9 +39,9 @@ public:
     virtual HANDLE GetThread();
 
 protected:
-    CString m_strTaskName;
-    CQSThreadManager* m_pManager;  // which runs the task, whatever the constructor was given
-    void* m_pParam;
+    CString m_strTaskName;         ///< the key
+    CQSThreadManager* m_pManager;  ///< which runs the task, whatever the constructor was given
+    void* m_pParam;                ///< the host's own
 
 private:
     friend class CQSThreadManager;

@@ -1,4 +1,5 @@
-// Who hears of the end of tasks.
+/// @file
+/// Who hears of the end of tasks.
 #pragma once
 
 #include "QsUtils/platform/Api.h"
@@ -9,7 +10,8 @@
 /// The manager doesn't own its observers.
 class QSUTILS_API ITaskResultNotify {
 public:
+    /// The task of that name has ended well.
     virtual void OnTaskSuccess(const CString& name) = 0;
-    /// `reason` is always empty.
+    /// The task of that name has failed. `reason` is always empty.
     virtual void OnTaskFailed(const CString& name, const CString& reason) = 0;
 };

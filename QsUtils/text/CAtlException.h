@@ -1,4 +1,5 @@
-// The framework's exception: an invalid argument, an index out of range, or memory that can't be had.
+/// @file
+/// The framework's exception: an invalid argument, an index out of range, or memory that can't be had.
 #pragma once
 
 #include <cstdint>
@@ -12,12 +13,15 @@ public:
     /// An argument that the operation doesn't take.
     static constexpr std::int32_t InvalidArgument = static_cast<std::int32_t>(0x80070057u);
 
+    /// An exception with this reason.
     explicit CAtlException(std::int32_t hr) noexcept : m_hr(hr) {}
-    CAtlException(const CAtlException&) noexcept = default;
-    CAtlException& operator=(const CAtlException&) noexcept = default;
+    CAtlException(const CAtlException&) noexcept = default;             ///< With the same reason.
+    CAtlException& operator=(const CAtlException&) noexcept = default;  ///< Takes over the reason.
     ~CAtlException() override;
 
+    /// A short text in English, for logs.
     const char* what() const noexcept override;
 
+    /// The reason, an HRESULT.
     std::int32_t m_hr;
 };

@@ -1,4 +1,5 @@
-// CString, the text of every exported signature: a counted sequence of UTF-16 code units.
+/// @file
+/// CString, the text of every exported signature: a counted sequence of UTF-16 code units.
 #pragma once
 
 #include <compare>
@@ -25,47 +26,54 @@
 /// objects are independent.
 class QSUTILS_API CString {
 public:
-    using XCHAR = QsPlatform::TextUnit;
-    using PXSTR = XCHAR*;
-    using PCXSTR = const XCHAR*;
+    using XCHAR = QsPlatform::TextUnit;  ///< a unit: `char16_t`, on Windows `wchar_t`
+    using PXSTR = XCHAR*;                ///< units to be written
+    using PCXSTR = const XCHAR*;         ///< units to be read
 
-    constexpr CString() noexcept = default;
-    CString(const CString&) = default;
+    constexpr CString() noexcept = default;  ///< The empty text.
+    CString(const CString&) = default;       ///< The same text.
+    /// Takes the text over; `other` is empty afterwards.
     CString(CString&& other) noexcept : m_units(std::move(other.m_units)) { other.m_units.clear(); }
     ~CString() = default;
 
     /// A text up to its NUL. On a system whose `wchar_t` has 32 bits the text is encoded to UTF-16; a lone
     /// surrogate passes unchanged.
     CString(const char16_t* text) : m_units(Safe(text)) {}
-    CString(const wchar_t* text);
+    CString(const wchar_t* text);  ///< Likewise.
+    /// The empty text.
     CString(std::nullptr_t) noexcept {}
 
     /// The first `length` units of a text, NULs among them. A negative length raises `CAtlException`, and so
     /// does a null pointer with a length above 0.
     CString(const char16_t* text, int length);
-    CString(const wchar_t* text, int length);
+    CString(const wchar_t* text, int length);  ///< Likewise, counted in wide characters.
 
+    /// The whole text, NULs among it.
     CString(const std::u16string& text) : m_units(text) {}
+    /// The whole text, taken over.
     CString(std::u16string&& text) noexcept : m_units(std::move(text)) {}
+    /// The whole text, NULs among it.
     CString(std::u16string_view text) : m_units(text) {}
-    CString(const std::wstring& text);
+    CString(const std::wstring& text);  ///< Likewise, encoded to UTF-16.
 
     /// `repeat` times one character; none when `repeat` is below 1.
     explicit CString(char16_t unit, int repeat = 1);
-    explicit CString(wchar_t character, int repeat = 1);
-    explicit CString(char character, int repeat = 1);
+    explicit CString(wchar_t character, int repeat = 1);  ///< Likewise, two units beyond U+FFFF.
+    explicit CString(char character, int repeat = 1);     ///< Likewise, a byte of the ANSI code page.
 
-    /// A narrow text, up to its NUL or of `length` bytes, in the ANSI code page (936).
+    /// A narrow text, up to its NUL, in the ANSI code page (936).
     explicit CString(const char* text);
-    CString(const char* text, int length);
+    CString(const char* text, int length);  ///< The first `length` bytes of one, likewise.
 
-    CString& operator=(const CString&) = default;
-    CString& operator=(CString&& other) noexcept;
+    CString& operator=(const CString&) = default;  ///< Becomes the same text.
+    CString& operator=(CString&& other) noexcept;  ///< Takes the text over; `other` is empty afterwards.
+    /// Becomes a text up to its NUL.
     // Templates, so that `text = {}` has one meaning.
     template <QsText::CharacterUnit C>
     CString& operator=(const C* text) {
         return *this = CString(text);
     }
+    /// Becomes one character.
     template <QsText::CharacterUnit C>
     CString& operator=(C character) {
         return *this = CString(character);
@@ -73,10 +81,13 @@ public:
 
     // --- What it holds
 
+    /// How many units there are.
     int GetLength() const noexcept { return static_cast<int>(m_units.size()); }
+    /// Whether there are none.
     bool IsEmpty() const noexcept { return m_units.empty(); }
     /// The units, NUL-terminated; valid until the text changes.
     PCXSTR GetString() const noexcept { return Native(m_units.data()); }
+    /// The same as `GetString`.
     operator PCXSTR() const noexcept { return GetString(); }
     /// The units as a view; valid until the text changes.
     std::u16string_view View() const noexcept { return m_units; }
@@ -84,6 +95,7 @@ public:
     std::wstring ToWide() const;
     /// The unit at `index`; at the length it is NUL, and elsewhere outside `CAtlException` is raised.
     XCHAR GetAt(int index) const { return At(static_cast<std::size_t>(index)); }
+    /// The same as `GetAt`.
     template <std::integral I>
     XCHAR operator[](I index) const {
         return At(static_cast<std::size_t>(index));
@@ -91,8 +103,11 @@ public:
     /// Replaces the unit at `index`; outside of the text `CAtlException` is raised.
     void SetAt(int index, XCHAR unit);
 
+    /// Leaves the empty text, and gives its memory back.
     void Empty() noexcept { m_units = std::u16string(); }
+    /// Becomes that text.
     void SetString(const CString& text) { *this = text; }
+    /// Becomes the first `length` units of that text.
     void SetString(PCXSTR text, int length) { *this = CString(text, length); }
     /// Makes room for `length` units in all; a negative length raises `CAtlException`.
     void Preallocate(int length);
@@ -111,44 +126,60 @@ public:
 
     // --- Comparison: negative, 0 or positive, as -1, 0, 1
 
+    /// By code unit.
     int Compare(const CString& other) const noexcept { return CompareUnits(other.m_units); }
     /// ASCII letters compare in lower case, so "_" stands before "A".
     int CompareNoCase(const CString& other) const noexcept;
 
+    /// By code unit.
     friend bool operator==(const CString& a, const CString& b) noexcept { return a.m_units == b.m_units; }
+    /// By code unit.
     friend bool operator==(const CString& a, const char16_t* b) noexcept { return a.m_units == Safe(b); }
+    /// By code unit.
     friend bool operator==(const CString& a, const wchar_t* b) { return a == CString(b); }
+    /// By code unit.
     friend std::strong_ordering operator<=>(const CString& a, const CString& b) noexcept {
         return a.CompareUnits(b.m_units) <=> 0;
     }
+    /// By code unit.
     friend std::strong_ordering operator<=>(const CString& a, const char16_t* b) noexcept {
         return a.CompareUnits(Safe(b)) <=> 0;
     }
+    /// By code unit.
     friend std::strong_ordering operator<=>(const CString& a, const wchar_t* b) { return a <=> CString(b); }
     // Beside `<=>`, because `std::less<void>` and `std::ranges::less` compare the pointers that two texts
     // convert to unless they find these by name.
+    /// By code unit.
     friend bool operator<(const CString& a, const CString& b) noexcept {
         return a.CompareUnits(b.m_units) < 0;
     }
+    /// By code unit.
     friend bool operator>(const CString& a, const CString& b) noexcept {
         return a.CompareUnits(b.m_units) > 0;
     }
+    /// By code unit.
     friend bool operator<=(const CString& a, const CString& b) noexcept {
         return a.CompareUnits(b.m_units) <= 0;
     }
+    /// By code unit.
     friend bool operator>=(const CString& a, const CString& b) noexcept {
         return a.CompareUnits(b.m_units) >= 0;
     }
 
-    // --- Parts. Counts and positions are clamped to the text.
+    // --- Parts
 
+    /// The first `count` units; none below 0, all beyond the length.
     CString Left(int count) const;
+    /// The last `count` units; none below 0, all beyond the length.
     CString Right(int count) const;
+    /// The units from `first` on; all below 0, none beyond the length.
     CString Mid(int first) const;
-    /// A `first` and a `count` whose sum passes the range of int raise `CAtlException`.
+    /// At most `count` units from `first` on, both clamped to the text. A `first` and a `count` whose sum
+    /// passes the range of int raise `CAtlException`.
     CString Mid(int first, int count) const;
-    /// The longest head made of units that are in `set`, or that are not in it.
+    /// The longest head made of units that are in `set`.
     CString SpanIncluding(const CString& set) const;
+    /// The longest head made of units that are not in `set`.
     CString SpanExcluding(const CString& set) const;
     /// The next piece between units of `separators` at or behind `start`, which moves on; when there is none
     /// the result is empty and `start` becomes -1. A negative `start` raises `CAtlException`.
@@ -156,12 +187,15 @@ public:
 
     // --- Searching: a position, or -1
 
-    /// From `start` on; a `start` outside of the text finds nothing, except the empty text at the very end.
+    /// The first occurrence from `start` on; a `start` outside of the text finds nothing, except the empty
+    /// text at the very end.
     int Find(const CString& part, int start = 0) const noexcept;
+    /// The first place of a character from `start` on.
     template <QsText::CharacterUnit C>
     int Find(C character, int start = 0) const {
         return FindCharacter(CodePoint(character), start);
     }
+    /// The last place of a character.
     template <QsText::CharacterUnit C>
     int ReverseFind(C character) const {
         return ReverseFindCharacter(CodePoint(character));
@@ -171,16 +205,19 @@ public:
 
     // --- Changing in place
 
-    /// Removes units and returns the new length.
+    /// Removes up to `count` units from `index` on and returns the new length. An `index` below 0 counts as
+    /// 0.
     int Delete(int index, int count = 1);
-    /// Puts a text or a character in front of `index`, which is clamped to the text; returns the new length.
+    /// Puts a text in front of `index`, which is clamped to the text; returns the new length.
     int Insert(int index, const CString& text);
+    /// The same with a character.
     template <QsText::CharacterUnit C>
     int Insert(int index, C character) {
         return Insert(index, CString(character));
     }
     /// Replaces every occurrence, from the left and without overlap; returns how many there were.
     int Replace(const CString& oldPart, const CString& newPart);
+    /// The same with characters.
     template <QsText::CharacterUnit C>
     int Replace(C oldCharacter, C newCharacter) {
         return oldCharacter == newCharacter ? 0 : Replace(CString(oldCharacter), CString(newCharacter));
@@ -191,25 +228,28 @@ public:
         return Replace(CString(character), CString());
     }
 
-    CString& MakeUpper() noexcept;
-    CString& MakeLower() noexcept;
-    CString& MakeReverse() noexcept;
+    CString& MakeUpper() noexcept;    ///< ASCII letters only.
+    CString& MakeLower() noexcept;    ///< ASCII letters only.
+    CString& MakeReverse() noexcept;  ///< By unit, which takes surrogate pairs apart.
 
-    CString& Trim();
-    CString& TrimLeft();
-    CString& TrimRight();
-    /// Units of `set` are taken off; an empty set takes off nothing.
+    CString& Trim();       ///< Takes white space off both ends.
+    CString& TrimLeft();   ///< Takes it off the beginning.
+    CString& TrimRight();  ///< Takes it off the end.
+    /// Takes units of `set` off both ends; an empty set takes off nothing.
     CString& Trim(const CString& set);
-    CString& TrimLeft(const CString& set);
-    CString& TrimRight(const CString& set);
+    CString& TrimLeft(const CString& set);   ///< Takes them off the beginning.
+    CString& TrimRight(const CString& set);  ///< Takes them off the end.
+    /// Takes one character off both ends.
     template <QsText::CharacterUnit C>
     CString& Trim(C character) {
         return Trim(CString(character));
     }
+    /// Takes it off the beginning.
     template <QsText::CharacterUnit C>
     CString& TrimLeft(C character) {
         return TrimLeft(CString(character));
     }
+    /// Takes it off the end.
     template <QsText::CharacterUnit C>
     CString& TrimRight(C character) {
         return TrimRight(CString(character));
@@ -217,16 +257,21 @@ public:
 
     // --- Joining
 
+    /// Puts a text behind this one.
     void Append(const CString& text) { m_units += text.m_units; }
+    /// Puts the first `length` units of a text behind this one.
     void Append(PCXSTR text, int length) { *this += CString(text, length); }
+    /// Puts one character behind the text.
     template <QsText::CharacterUnit C>
     void AppendChar(C character) {
         *this += character;
     }
+    /// Puts a text behind this one.
     CString& operator+=(const CString& text) {
         m_units += text.m_units;
         return *this;
     }
+    /// Puts a text up to its NUL behind this one.
     template <QsText::CharacterUnit C>
     CString& operator+=(const C* text) {
         if constexpr (std::is_same_v<C, char16_t>)
@@ -235,6 +280,7 @@ public:
             m_units += CString(text).m_units;
         return *this;
     }
+    /// Puts one character behind the text.
     template <QsText::CharacterUnit C>
     CString& operator+=(C character) {
         if constexpr (std::is_same_v<C, char16_t>)
@@ -244,28 +290,36 @@ public:
         return *this;
     }
 
+    /// The two behind one another.
     friend CString operator+(const CString& a, const CString& b) { return Join(a.m_units, b.m_units); }
+    /// The two behind one another.
     friend CString operator+(CString&& a, const CString& b) { return std::move(a += b); }
+    /// The two behind one another.
     template <QsText::CharacterUnit C>
     friend CString operator+(const CString& a, const C* b) {
         return Join(a.m_units, Units(b));
     }
+    /// The two behind one another.
     template <QsText::CharacterUnit C>
     friend CString operator+(CString&& a, const C* b) {
         return std::move(a += b);
     }
+    /// The two behind one another.
     template <QsText::CharacterUnit C>
     friend CString operator+(const C* a, const CString& b) {
         return Join(Units(a), b.m_units);
     }
+    /// The two behind one another.
     template <QsText::CharacterUnit C>
     friend CString operator+(const CString& a, C b) {
         return Join(a.m_units, CString(b).m_units);
     }
+    /// The two behind one another.
     template <QsText::CharacterUnit C>
     friend CString operator+(CString&& a, C b) {
         return std::move(a += b);
     }
+    /// The two behind one another.
     template <QsText::CharacterUnit C>
     friend CString operator+(C a, const CString& b) {
         return Join(CString(a).m_units, b.m_units);
@@ -289,6 +343,7 @@ public:
         *this += Formatted(format, {FormatArgumentOf(arguments)...});
     }
 
+    /// Exchanges two texts.
     friend void swap(CString& a, CString& b) noexcept { a.m_units.swap(b.m_units); }
 
 private:

@@ -1,4 +1,5 @@
-// The two arrays that exported signatures use.
+/// @file
+/// The two arrays that exported signatures use.
 #pragma once
 
 #include <vector>
@@ -13,12 +14,15 @@ namespace QsText {
 template <typename T>
 class Array {
 public:
-    int GetSize() const noexcept { return static_cast<int>(m_items.size()); }
-    int GetCount() const noexcept { return GetSize(); }
-    bool IsEmpty() const noexcept { return m_items.empty(); }
+    int GetSize() const noexcept { return static_cast<int>(m_items.size()); }  ///< how many there are
+    int GetCount() const noexcept { return GetSize(); }                        ///< how many there are
+    bool IsEmpty() const noexcept { return m_items.empty(); }                  ///< whether there are none
 
+    /// The item at an index from 0; good until the array changes.
     const T& GetAt(int index) const { return m_items[Checked(index)]; }
+    /// The same.
     const T& operator[](int index) const { return m_items[Checked(index)]; }
+    /// The same, to be changed.
     T& operator[](int index) { return m_items[Checked(index)]; }
 
     /// Adds at the end and returns the index of what was added.
@@ -26,12 +30,13 @@ public:
         m_items.push_back(std::move(item));
         return GetSize() - 1;
     }
+    /// Leaves the array empty.
     void RemoveAll() noexcept { m_items.clear(); }
 
-    auto begin() const noexcept { return m_items.begin(); }
-    auto end() const noexcept { return m_items.end(); }
-    auto begin() noexcept { return m_items.begin(); }
-    auto end() noexcept { return m_items.end(); }
+    auto begin() const noexcept { return m_items.begin(); }  ///< for range-for
+    auto end() const noexcept { return m_items.end(); }      ///< for range-for
+    auto begin() noexcept { return m_items.begin(); }        ///< for range-for
+    auto end() noexcept { return m_items.end(); }            ///< for range-for
 
 private:
     std::size_t Checked(int index) const {

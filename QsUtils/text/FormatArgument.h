@@ -1,4 +1,5 @@
-// What `CString::Format` hands to the compiled formatter: each argument with its kind.
+/// @file
+/// What `CString::Format` hands to the compiled formatter: each argument with its kind.
 #pragma once
 
 #include <concepts>

@@ -15,10 +15,10 @@ public:
     /// Gives the views; null where there are none.
     using Views = QsUi::IViews* (*)();
 
-    explicit constexpr CShowTextDlg(Views views) noexcept : m_views(views) {}
+    explicit CShowTextDlg(Views views) noexcept : m_views(views) {}
     CShowTextDlg(const CShowTextDlg&) = delete;
     CShowTextDlg& operator=(const CShowTextDlg&) = delete;
-    constexpr virtual ~CShowTextDlg() { DestroyWindow(); }
+    virtual ~CShowTextDlg() { DestroyWindow(); }
 
     void SetTextColor(QsUi::Colour color);
     void SetBackgroundColor(QsUi::Colour color);
@@ -28,9 +28,9 @@ public:
     void ShowWindowDelay(unsigned int milliseconds);
     void CloseWindowNow();
 
-    constexpr bool HasWindow() const noexcept { return m_window != nullptr; }
+    bool HasWindow() const noexcept { return m_window != nullptr; }
     /// Nothing happens when there is no window.
-    constexpr void DestroyWindow() {
+    void DestroyWindow() {
         delete m_window;
         m_window = nullptr;
     }

@@ -1,5 +1,6 @@
-// The text tip: a small window above a point of the screen, for a text that is longer than the place where it
-// stands.
+/// @file
+/// The text tip: a small window above a point of the screen, for a text that is longer than the place where
+/// it stands.
 #pragma once
 
 #include "QsUtils/platform/Api.h"
@@ -12,9 +13,10 @@
 /// and the delay. See docs/dialogs.md.
 namespace texttip {
 
-/// Colours are 0x00BBGGRR: blue in the highest byte, red in the lowest. They count from the next painting on;
-/// at first the text is blue on a pale yellow.
+/// The colour of the text, 0x00BBGGRR: blue in the highest byte, red in the lowest. It counts from the next
+/// painting on; at first the text is blue on a pale yellow.
 QSUTILS_API void SetTextColor(unsigned long color);
+/// The colour behind the text, likewise.
 QSUTILS_API void SetBackgroundColor(unsigned long color);
 
 /// Measures the text and sizes the window for it, 8 pixels wider and 4 higher than the text.

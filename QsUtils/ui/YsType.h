@@ -1,4 +1,5 @@
-// The kinds of budget documents.
+/// @file
+/// The kinds of budget documents.
 #pragma once
 
 /// What a budget is made for. Any int may stand in a variable of the type.

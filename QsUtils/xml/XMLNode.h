@@ -1,4 +1,5 @@
-// The plain record of an XML element.
+/// @file
+/// The plain record of an XML element.
 #pragma once
 
 #include <map>

@@ -1,4 +1,5 @@
-// XML files, as documents and as plain trees.
+/// @file
+/// XML files, as documents and as plain trees.
 #pragma once
 
 #include <cstdint>
@@ -15,6 +16,7 @@ class DOMDocument;
 class DOMElement;
 }  // namespace xercesc_3_2
 
+/// The tool through which documents go. See docs/xml.md.
 namespace NS_XMLACCESS {
 
 /// Opens one XML file at a time, keeps its document, reads and writes attributes, and writes the document
@@ -50,9 +52,11 @@ public:
     /// out of reach afterwards.
     virtual bool SaveXMLNode(XMLNode* root, const std::wstring& path, const bool& prettyPrint) = 0;
 
-    // Attributes. A getter resets its output first and returns whether the element has the attribute, which
-    // may be empty; a setter makes or replaces it, and raises `xercesc::DOMException` for an impossible name.
-    // A null name or element counts as no attribute.
+    /// @name Attributes
+    /// A getter resets its output first and returns whether the element has the attribute, which may be
+    /// empty; a setter makes or replaces it, and raises `xercesc::DOMException` for an impossible name. A
+    /// null name or element counts as no attribute.
+    /// @{
 
     /// The value after a way through the ANSI code page and back: what the page lacks is lost.
     virtual bool GetCStringAttribute(CString& value, const wchar_t* name,
@@ -60,8 +64,10 @@ public:
     /// Writes the text as it is.
     virtual void SetCStringAttribute(const CString& value, const wchar_t* name,
                                      xercesc_3_2::DOMElement* element) = 0;
+    /// The value as it is.
     virtual bool GetStringAttribute(std::wstring& value, const wchar_t* name,
                                     xercesc_3_2::DOMElement* element) = 0;
+    /// Writes the text as it is.
     virtual void SetStringAttribute(const std::wstring& value, const wchar_t* name,
                                     xercesc_3_2::DOMElement* element) = 0;
     /// The number that the value begins with, or 0.
@@ -71,12 +77,15 @@ public:
     /// The whole number that the value begins with, or 0.
     virtual bool GetIntAttribute(std::int32_t& value, const wchar_t* name,
                                  xercesc_3_2::DOMElement* element) = 0;
+    /// Writes decimal digits, with a sign for numbers below 0.
     virtual void SetIntAttribute(std::int32_t value, const wchar_t* name,
                                  xercesc_3_2::DOMElement* element) = 0;
     /// Whether the whole number that the value begins with isn't 0: "true" and "0.9" are false.
     virtual bool GetBoolAttribute(bool& value, const wchar_t* name, xercesc_3_2::DOMElement* element) = 0;
     /// Writes "1" or "0".
     virtual void SetBoolAttribute(bool value, const wchar_t* name, xercesc_3_2::DOMElement* element) = 0;
+
+    /// @}
 
     /// Lets go of the document and its file; does nothing when none is loaded.
     virtual void Close() = 0;
@@ -86,7 +95,9 @@ public:
 
 extern "C" {
 
-// Any thread may call these four; a tool is for the thread that it was made for.
+/// @name The four functions
+/// Any thread may call them; a tool is for the thread that it was made for.
+/// @{
 
 /// A new tool. It belongs to the module, which ends it at the latest when it is unloaded.
 QSUTILS_API NS_XMLACCESS::IXmlAccessTool* GetXmlAccessTool();
@@ -96,4 +107,5 @@ QSUTILS_API void RemoveXmlAccessTool(NS_XMLACCESS::IXmlAccessTool* tool);
 QSUTILS_API XMLNode* LoadXMLNode(const std::wstring& path);
 /// Writes a tree as `IXmlAccessTool::SaveXMLNode` does, with the same results and exceptions.
 QSUTILS_API bool SaveXMLNode(XMLNode* root, const std::wstring& path, const bool& prettyPrint);
+/// @}
 }

@@ -1,9 +1,9 @@
-#include <cstdlib>
 #include <utility>
 
 #include <dlfcn.h>
 
 #include "QsUtils/platform/ModuleFolder.h"
+#include "QsUtils/platform/posix/Environment.h"
 #include "QsUtils/ui/Toolkit.h"
 #include "QsUtils/ui/qt/ViewsModule.h"
 
@@ -17,15 +17,12 @@ CString SystemForm(CString path) {
     return path;
 }
 
-bool IsSet(const char* variable) {
-    const char* const value = std::getenv(variable);
-    return value != nullptr && *value != '\0';
-}
-
 /// Whether Qt may find a display, or the host has shown it one; where neither is so, Qt isn't even loaded.
 bool MayHaveDisplay() {
-    if (IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM"))
-        return true;
+    for (const char* const variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        if (!QsPlatform::EnvironmentVariable(variable).empty())
+            return true;
+    }
     void* const qt = ::dlopen("libQt6Widgets.so.6", RTLD_LAZY | RTLD_NOLOAD);
     if (qt != nullptr)
         ::dlclose(qt);

@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QLibraryInfo>
 #include <QPluginLoader>
-#include <cstdlib>
 #include <cstring>
 #include <sstream>
 #include <utility>
@@ -14,13 +13,14 @@
 #include <unistd.h>
 #include <xcb/xcb.h>
 
+#include "QsUtils/platform/posix/Environment.h"
+
 namespace QsQt {
 
 namespace {
 
 std::string Environment(const char* name) {
-    const char* const value = std::getenv(name);
-    return value == nullptr ? std::string() : value;
+    return std::string(QsPlatform::EnvironmentVariable(name));
 }
 
 std::vector<std::string> Candidates() {

@@ -53,10 +53,13 @@ std::string ProgramName() {
 /// Qt sets the locale of the process to the user's; a host without Qt has one of its own.
 class KeptLocale {
 public:
+    // NOLINTBEGIN(concurrency-mt-unsafe): Qt can't be kept from setting it, and no thread of its is there
+    // yet.
     KeptLocale() : m_locale(std::setlocale(LC_ALL, nullptr)) {}
     KeptLocale(const KeptLocale&) = delete;
     KeptLocale& operator=(const KeptLocale&) = delete;
     ~KeptLocale() { std::setlocale(LC_ALL, m_locale.c_str()); }
+    // NOLINTEND(concurrency-mt-unsafe)
 
 private:
     std::string m_locale;

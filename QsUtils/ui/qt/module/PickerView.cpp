@@ -88,8 +88,9 @@ void PickerView::MakeTable() {
     header.setSectionsClickable(true);
     header.setSortIndicatorShown(false);
     header.setHighlightSections(false);
-    for (int column = 0; column < m_model.columnCount(); ++column)
-        header.resizeSection(column, QsUi::Picker::ColumnWidths[column]);
+    int column = 0;
+    for (const int width : QsUi::Picker::ColumnWidths)
+        header.resizeSection(column++, width);
     // One height for all rows: none has to be measured.
     m_table->verticalHeader()->setVisible(false);
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
