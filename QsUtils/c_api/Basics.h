@@ -1,4 +1,5 @@
-/* What every function of the C interface uses: status, texts, bytes. */
+/// @file
+/// What every function of the C interface uses: status, texts, bytes.
 #pragma once
 
 #include <stdint.h>
@@ -9,11 +10,11 @@
 typedef char16_t QsChar;
 extern "C" {
 #else
-/* A unit of UTF-16; on Windows a wchar_t is one, too. */
+/// A unit of UTF-16; on Windows a wchar_t is one, too.
 typedef uint_least16_t QsChar;
 #endif
 
-/* What became of a call. */
+/// What became of a call.
 typedef int32_t QsStatus;
 enum {
     QS_OK = 0,
@@ -24,24 +25,25 @@ enum {
     QS_FAILED = 5 /* anything else: the C++ function has raised an exception */
 };
 
-/* The name of a status, "QS_OK" for instance; "unknown status" for any other number. Never freed. */
+/// The name of a status, "QS_OK" for instance; "unknown status" for any other number. Never freed.
 QSUTILS_API const char* QsStatusText(QsStatus status);
 
-/* --- A text that the library hands out. It never changes, and any thread may read it. */
+/// A text that the library hands out. It never changes, and any thread may read it.
 typedef struct QsString QsString;
 
-/* A text of one's own. */
+/// A text of one's own.
 QSUTILS_API QsStatus QsString_Create(const QsChar* text, int32_t length, QsString** result);
-/* The units, with a NUL behind the last, and their number without it. Borrowed: good until the text is freed.
- */
+/// The units, with a NUL behind the last, and their number without it. Borrowed: good until the text is
+/// freed.
+///
 QSUTILS_API QsStatus QsString_Units(const QsString* text, const QsChar** units, int32_t* length);
-/* Copies the units and a NUL to a buffer for `capacity` units. `length` is written in any case: without the
-   NUL, so that `length` + 1 is the capacity that suffices. QS_BUFFER_TOO_SMALL, with nothing copied, below
-   that; the buffer may be null when `capacity` is 0. */
+/// Copies the units and a NUL to a buffer for `capacity` units. `length` is written in any case: without the
+/// NUL, so that `length` + 1 is the capacity that suffices. QS_BUFFER_TOO_SMALL, with nothing copied, below
+/// that; the buffer may be null when `capacity` is 0.
 QSUTILS_API QsStatus QsString_Copy(const QsString* text, QsChar* buffer, int32_t capacity, int32_t* length);
 QSUTILS_API void QsString_Free(QsString* text);
 
-/* --- Bytes that the library hands out, likewise: a narrow text. */
+/// Bytes that the library hands out, likewise: a narrow text.
 typedef struct QsBytes QsBytes;
 
 QSUTILS_API QsStatus QsBytes_Data(const QsBytes* bytes, const char** data, int32_t* length);

@@ -1,4 +1,5 @@
-/* Lists and maps of the C interface. Hosts make them empty, hand them to functions, and free them. */
+/// @file
+/// Lists and maps of the C interface. Hosts make them empty, hand them to functions, and free them.
 #pragma once
 
 #include "QsUtils/c_api/Basics.h"
@@ -7,7 +8,7 @@
 extern "C" {
 #endif
 
-/* --- Texts in order. Indexes count from 0; units are borrowed until the list changes. */
+/// Texts in order. Indexes count from 0; units are borrowed until the list changes.
 typedef struct QsTextList QsTextList;
 
 QSUTILS_API QsStatus QsTextList_Create(QsTextList** list);
@@ -18,7 +19,7 @@ QSUTILS_API QsStatus QsTextList_Get(const QsTextList* list, int32_t index, const
 QSUTILS_API QsStatus QsTextList_Clear(QsTextList* list);
 QSUTILS_API void QsTextList_Free(QsTextList* list);
 
-/* --- Numbers in order. */
+/// Numbers in order.
 typedef struct QsIndexList QsIndexList;
 
 QSUTILS_API QsStatus QsIndexList_Create(QsIndexList** list);
@@ -28,23 +29,23 @@ QSUTILS_API QsStatus QsIndexList_Get(const QsIndexList* list, int32_t index, uin
 QSUTILS_API QsStatus QsIndexList_Clear(QsIndexList* list);
 QSUTILS_API void QsIndexList_Free(QsIndexList* list);
 
-/* --- Texts by texts. Units are borrowed until the map changes. */
+/// Texts by texts. Units are borrowed until the map changes.
 typedef struct QsTextMap QsTextMap;
 
 QSUTILS_API QsStatus QsTextMap_Create(QsTextMap** map);
-/* Adds an entry, or gives the one of that key another value. */
+/// Adds an entry, or gives the one of that key another value.
 QSUTILS_API QsStatus QsTextMap_Set(QsTextMap* map, const QsChar* key, int32_t keyLength, const QsChar* value,
                                    int32_t valueLength);
 QSUTILS_API QsStatus QsTextMap_Count(const QsTextMap* map, int32_t* count);
-/* QS_NOT_FOUND for a key that isn't there. */
+/// QS_NOT_FOUND for a key that isn't there.
 QSUTILS_API QsStatus QsTextMap_Find(const QsTextMap* map, const QsChar* key, int32_t keyLength,
                                     const QsChar** units, int32_t* length);
-/* Replaces a list by the keys, ascending by unit. */
+/// Replaces a list by the keys, ascending by unit.
 QSUTILS_API QsStatus QsTextMap_Keys(const QsTextMap* map, QsTextList* keys);
 QSUTILS_API QsStatus QsTextMap_Clear(QsTextMap* map);
 QSUTILS_API void QsTextMap_Free(QsTextMap* map);
 
-/* --- Texts by numbers, likewise. */
+/// Texts by numbers, likewise.
 typedef struct QsIndexMap QsIndexMap;
 
 QSUTILS_API QsStatus QsIndexMap_Create(QsIndexMap** map);
@@ -52,7 +53,7 @@ QSUTILS_API QsStatus QsIndexMap_Set(QsIndexMap* map, int32_t key, const QsChar* 
 QSUTILS_API QsStatus QsIndexMap_Count(const QsIndexMap* map, int32_t* count);
 QSUTILS_API QsStatus QsIndexMap_Find(const QsIndexMap* map, int32_t key, const QsChar** units,
                                      int32_t* length);
-/* Replaces a list by the keys, ascending. */
+/// Replaces a list by the keys, ascending.
 QSUTILS_API QsStatus QsIndexMap_Keys(const QsIndexMap* map, QsIndexList* keys);
 QSUTILS_API QsStatus QsIndexMap_Clear(QsIndexMap* map);
 QSUTILS_API void QsIndexMap_Free(QsIndexMap* map);

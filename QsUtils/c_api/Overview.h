@@ -1,4 +1,5 @@
-/* The project overview: the form of named fields that describes a project. */
+/// @file
+/// The project overview: the form of named fields that describes a project.
 #pragma once
 
 #include "QsUtils/c_api/Basics.h"
@@ -7,11 +8,11 @@
 extern "C" {
 #endif
 
-/* Fields in order, each with the values of a new `stuColInfo` at first. Indexes count from 0; units are
-   borrowed until the list changes. */
+/// Fields in order, each with the values of a new `stuColInfo` at first. Indexes count from 0; units are
+/// borrowed until the list changes.
 typedef struct QsOverviewList QsOverviewList;
 
-/* The texts and the numbers of a field; flags are 1 or 0. */
+/// The texts and the numbers of a field; flags are 1 or 0.
 enum { QS_OVERVIEW_CODE = 0, QS_OVERVIEW_NAME = 1, QS_OVERVIEW_VALUE = 2, QS_OVERVIEW_TYPE = 3 };
 enum {
     QS_OVERVIEW_BELONG_TYPE = 0,
@@ -24,15 +25,15 @@ enum {
 };
 
 QSUTILS_API QsStatus QsOverviewList_Create(QsOverviewList** list);
-/* Adds a field and gives its index. */
+/// Adds a field and gives its index.
 QSUTILS_API QsStatus QsOverviewList_Add(QsOverviewList* list, int32_t* index);
 QSUTILS_API QsStatus QsOverviewList_Count(const QsOverviewList* list, int32_t* count);
-/* `which` is one of the texts above. */
+/// `which` is one of the texts above.
 QSUTILS_API QsStatus QsOverviewList_GetText(const QsOverviewList* list, int32_t index, int32_t which,
                                             const QsChar** units, int32_t* length);
 QSUTILS_API QsStatus QsOverviewList_SetText(QsOverviewList* list, int32_t index, int32_t which,
                                             const QsChar* text, int32_t length);
-/* `which` is one of the numbers above. */
+/// `which` is one of the numbers above.
 QSUTILS_API QsStatus QsOverviewList_GetNumber(const QsOverviewList* list, int32_t index, int32_t which,
                                               int32_t* value);
 QSUTILS_API QsStatus QsOverviewList_SetNumber(QsOverviewList* list, int32_t index, int32_t which,
@@ -40,13 +41,13 @@ QSUTILS_API QsStatus QsOverviewList_SetNumber(QsOverviewList* list, int32_t inde
 QSUTILS_API QsStatus QsOverviewList_Clear(QsOverviewList* list);
 QSUTILS_API void QsOverviewList_Free(QsOverviewList* list);
 
-/* The fields that the product offers, as copies: appended by the call that reads their file, in place of the
-   list by later ones. */
+/// The fields that the product offers, as copies: appended by the call that reads their file, in place of the
+/// list by later ones.
 QSUTILS_API QsStatus QsGetProjOverViewInfo(QsOverviewList* list);
-/* Appends the fields of a project's XML file. */
+/// Appends the fields of a project's XML file.
 QSUTILS_API QsStatus QsGetProjOverViewInfoOfFile(const QsChar* file, int32_t length, QsOverviewList* list);
-/* Appends the fields to a project's XML file; `isOpened` is 0 when it can't be opened, which the user is
- * shown, too. */
+/// Appends the fields to a project's XML file; `isOpened` is 0 when it can't be opened, which the user is
+/// * shown, too.
 QSUTILS_API QsStatus QsCreateProjOverViewInfo(const QsChar* file, int32_t length, const QsOverviewList* list,
                                               int32_t* isOpened);
 
