@@ -10,13 +10,14 @@ extern "C" {
 
 // --- The form of a code: prefix, ".", index; as `CCodeParser` describes it.
 
+/// The separator, ".".
 QSUTILS_API QsStatus QsCodeParser_GetSeparator(QsString** separator);
 /// The number behind the last separator; 0 without one.
 QSUTILS_API QsStatus QsCodeParser_GetIdx(const QsChar* code, int32_t length, int32_t* index);
 /// The text before the last separator; empty without one.
 QSUTILS_API QsStatus QsCodeParser_GetPrefix(const QsChar* code, int32_t length, QsString** prefix);
 /// Both; empty and 0 without a separator. `isValid` tells whether the prefix has text and the index is above
-/// * 0.
+/// 0.
 QSUTILS_API QsStatus QsCodeParser_ParseCode(const QsChar* code, int32_t length, QsString** prefix,
                                             int32_t* index, int32_t* isValid);
 /// Joins a prefix and an index, without a check of either.
@@ -44,20 +45,28 @@ QSUTILS_API QsStatus QsSortItem(const QsChar* a, int32_t aLength, const QsChar* 
                                 int32_t* isBelow);
 
 /// Codes, each with a pointer of the host's that is carried along unread. Units are borrowed until the list
-/// * changes.
+/// changes.
 typedef struct QsItemList QsItemList;
 
+/// An empty list, which is the caller's.
 QSUTILS_API QsStatus QsItemList_Create(QsItemList** list);
+/// Adds a code with its item at the end.
 QSUTILS_API QsStatus QsItemList_Add(QsItemList* list, const QsChar* code, int32_t length, void* item);
+/// How many codes there are.
 QSUTILS_API QsStatus QsItemList_Count(const QsItemList* list, int32_t* count);
+/// The code and the item at an index.
 QSUTILS_API QsStatus QsItemList_Get(const QsItemList* list, int32_t index, const QsChar** units,
                                     int32_t* length, void** item);
+/// Takes all codes out.
 QSUTILS_API QsStatus QsItemList_Clear(QsItemList* list);
+/// Ends the list; null is taken. The items stay.
 QSUTILS_API void QsItemList_Free(QsItemList* list);
 
-/// Sort a list by `QsCompareDECode`, by `QsCompareQDCode`, and by `QsCompareStringWByParts` with "/".
+/// Sorts a list by `QsCompareDECode`.
 QSUTILS_API QsStatus QsSortDeItemCodes(QsItemList* list);
+/// Sorts a list by `QsCompareQDCode`.
 QSUTILS_API QsStatus QsSortQdItemCodes(QsItemList* list);
+/// Sorts a list by `QsCompareStringWByParts` with "/".
 QSUTILS_API QsStatus QsSortItemCodes(QsItemList* list);
 
 // --- Majors

@@ -10,21 +10,25 @@ extern "C" {
 
 // --- Templates, as `IQsUtils` describes them
 
-/// The files "project.db" and "ZhengTiReport.xml" beside the executable, whether or not they exist.
+/// The file "project.db" beside the executable, whether or not it exists.
 QSUTILS_API QsStatus QsGetProjectDbTemplate(QsString** path);
+/// The file "ZhengTiReport.xml" beside the executable, whether or not it exists.
 QSUTILS_API QsStatus QsGetZhengTiReport(QsString** path);
 
-/// Each lets the user pick a template of one kind, and waits for that: the full path, or the empty text when
-/// nothing was picked. With `isZeroVariant` the extension has the letter z.
+/// Lets the user pick a fee template, and waits for that: the full path, or the empty text when nothing was
+/// picked. With `isZeroVariant` the extension has the letter z.
 QSUTILS_API QsStatus QsGetFeeTemplatePath(const QsChar* family, int32_t familyLength, const QsChar* section,
                                           int32_t sectionLength, int32_t isZeroVariant, QsString** path);
+/// The same for a template of statutory fees and taxes.
 QSUTILS_API QsStatus QsGetGfsjTemplatePath(const QsChar* family, int32_t familyLength, const QsChar* section,
                                            int32_t sectionLength, int32_t isZeroVariant, QsString** path);
+/// The same for a template of measures.
 QSUTILS_API QsStatus QsGetCsxmTemplatePath(const QsChar* family, int32_t familyLength, const QsChar* section,
                                            int32_t sectionLength, int32_t isZeroVariant, QsString** path);
+/// The same for a template of unit price composition.
 QSUTILS_API QsStatus QsGetDjzcTemplatePath(const QsChar* family, int32_t familyLength, const QsChar* section,
                                            int32_t sectionLength, QsString** path);
-/// `reportType` is 0 for the project, 1 and 2 for a unit project by bill and by quota.
+/// The same for a report: `reportType` is 0 for the project, 1 and 2 for a unit project by bill and by quota.
 QSUTILS_API QsStatus QsGetReportTemplatePath(const QsChar* family, int32_t familyLength,
                                              const QsChar* section, int32_t sectionLength, int32_t reportType,
                                              QsString** path);
@@ -34,8 +38,9 @@ QSUTILS_API QsStatus QsSelectFolder(QsString** path);
 
 // --- The text tip, as `texttip` describes it: one of the process, for the interface thread
 
-/// Colours are 0x00BBGGRR.
+/// The colour of the text, 0x00BBGGRR.
 QSUTILS_API QsStatus QsTextTip_SetTextColor(uint32_t color);
+/// The colour behind it, likewise.
 QSUTILS_API QsStatus QsTextTip_SetBackgroundColor(uint32_t color);
 /// Measures the text and sizes the window for it.
 QSUTILS_API QsStatus QsTextTip_SetShowText(const QsChar* text, int32_t length);

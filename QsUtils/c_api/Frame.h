@@ -10,6 +10,7 @@ extern "C" {
 
 /// The version text that the host has set; empty until then. For one thread at a time.
 QSUTILS_API QsStatus QsGetSoftVersion(QsString** version);
+/// Sets the version text.
 QSUTILS_API QsStatus QsSetSoftVersion(const QsChar* version, int32_t length);
 
 /// Appends "<date> <time>\t<text>" to a file. A failure to write is told to nobody.
@@ -21,8 +22,10 @@ QSUTILS_API QsStatus QsLogError(const QsChar* text, int32_t length);
 /// Writes "[INFO]: <name> costs <n>ms." to the log when it is freed.
 typedef struct QsTimeCostTracker QsTimeCostTracker;
 
+/// Begins to measure.
 QSUTILS_API QsStatus QsTimeCostTracker_Create(const QsChar* name, int32_t length,
                                               QsTimeCostTracker** tracker);
+/// Ends the measuring and writes the line; null is taken.
 QSUTILS_API void QsTimeCostTracker_Free(QsTimeCostTracker* tracker);
 
 #if defined(__cplusplus)

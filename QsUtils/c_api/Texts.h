@@ -33,7 +33,6 @@ QSUTILS_API QsStatus QsFindInCStringArray(const QsChar* text, int32_t length, co
 QSUTILS_API QsStatus QsStringArrayContains(const QsTextList* list, const QsChar* text, int32_t length,
                                            int32_t* contains);
 /// How often `part` occurs. With a match, and only then, `positions` is replaced by the ascending positions.
-///
 QSUTILS_API QsStatus QsFindSpecStringCount(const QsChar* text, int32_t length, const QsChar* part,
                                            int32_t partLength, QsIndexList* positions, int32_t* count);
 /// Appends the pieces between separators to `list`; a last empty piece is left out.
@@ -63,9 +62,10 @@ QSUTILS_API QsStatus QsGetCharCount(const QsChar* text, int32_t length, int32_t*
 
 // --- Numbers
 
-/// Read a whole and a decimal number that take the whole text. `isNumber` tells whether it has that form;
-/// else the value is 0.
+/// Reads a whole number that takes the whole text. `isNumber` tells whether it has that form; else the value
+/// is 0.
 QSUTILS_API QsStatus QsParseToInteger(const QsChar* text, int32_t length, int32_t* value, int32_t* isNumber);
+/// Reads a decimal number, likewise.
 QSUTILS_API QsStatus QsParseToDouble(const QsChar* text, int32_t length, double* value, int32_t* isNumber);
 /// Whether the text holds nothing but digits, points and one leading "-", in whatever arrangement.
 QSUTILS_API QsStatus QsbIsNum(const QsChar* text, int32_t length, int32_t* isNumber);

@@ -13,7 +13,7 @@ QSUTILS_API QsStatus QsGetUnitMantissa(const QsChar* unit, int32_t length, int32
 /// The canonical indicator unit of a unit. QS_NOT_FOUND for one that has none.
 QSUTILS_API QsStatus QsGetIndicatorsUnit(const QsChar* unit, int32_t length, QsString** indicatorUnit);
 /// How many of the second unit make one of the first. `isRelated` is 0, and the factor 1, for units of
-/// * different kinds.
+/// different kinds.
 QSUTILS_API QsStatus QsGetIndicatorsFactor(const QsChar* first, int32_t firstLength, const QsChar* second,
                                            int32_t secondLength, double* factor, int32_t* isRelated);
 /// Whether a rate of price transfer is 0 or more.
