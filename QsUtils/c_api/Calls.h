@@ -23,8 +23,9 @@ QsStatus StatusOfException() noexcept;
 /// before `work` and when it raises, so it hands nothing out before it can't raise any more.
 template <typename Work, typename... Results>
 QsStatus Call(const Work& work, Results*... results) noexcept {
-    ((results == nullptr ? void() : void(*results = Results{})), ...);
-    if (((results == nullptr) || ...))
+    bool haveAllPlaces = true;
+    ((results != nullptr ? void(*results = Results{}) : void(haveAllPlaces = false)), ...);
+    if (!haveAllPlaces)
         return QS_INVALID_ARGUMENT;
     try {
         if constexpr (std::is_same_v<decltype(work()), QsStatus>) {

@@ -9,7 +9,6 @@
 #include "QsUtils/library/LibraryManager.h"
 
 using LibraryManager::GetLibraryManager;
-using QsCApi::Append;
 using QsCApi::Call;
 using QsCApi::Checked;
 using QsCApi::Give;

@@ -7,7 +7,6 @@
 #include "QsUtils/frame/IQsUtils1.h"
 #include "QsUtils/material/CommonMaterialKey.h"
 
-using QsCApi::At;
 using QsCApi::Call;
 using QsCApi::Checked;
 using QsCApi::Give;

@@ -153,6 +153,7 @@ QsStatus QsTaskManager_BatchStartTask(QsTaskManager* manager, QsTask* const* tas
         QsCApi::Require(count >= 0 && (tasks != nullptr || count == 0));
         OpenManager& starter = Manager(manager);
         std::vector<CThreadTask*> all;
+        all.reserve(static_cast<std::size_t>(count));
         for (std::int32_t i = 0; i < count; ++i)
             all.push_back(TaskOf(tasks[i]));
         starter.BatchStartTask(all);

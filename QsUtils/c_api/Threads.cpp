@@ -19,7 +19,7 @@ QsStatus QsStartThread(std::uint32_t (*routine)(void* context), void* context, c
     return Call(
         [&] {
             QsCApi::Require(routine != nullptr);
-            const HANDLE handle = IQsUtils::StartThread(routine, context, TextOf(name, length), id);
+            HANDLE handle = IQsUtils::StartThread(routine, context, TextOf(name, length), id);
             *thread = reinterpret_cast<QsThread*>(handle);
             return QsStatus{handle == nullptr ? QS_FAILED : QS_OK};
         },

@@ -1,5 +1,5 @@
-/** @file
-   Units of quantities, and rates of price transfer, as `IQsUtils1` describes them. */
+/// @file
+/// Units of quantities, and rates of price transfer, as `IQsUtils1` describes them.
 #pragma once
 
 #include "QsUtils/c_api/Basics.h"
@@ -8,17 +8,17 @@
 extern "C" {
 #endif
 
-/** How many decimals a quantity in this unit takes. */
+/// How many decimals a quantity in this unit takes.
 QSUTILS_API QsStatus QsGetUnitMantissa(const QsChar* unit, int32_t length, int32_t* decimals);
-/** The canonical indicator unit of a unit. QS_NOT_FOUND for one that has none. */
+/// The canonical indicator unit of a unit. QS_NOT_FOUND for one that has none.
 QSUTILS_API QsStatus QsGetIndicatorsUnit(const QsChar* unit, int32_t length, QsString** indicatorUnit);
-/** How many of the second unit make one of the first. `isRelated` is 0, and the factor 1, for units of
- * different kinds. */
+/// How many of the second unit make one of the first. `isRelated` is 0, and the factor 1, for units of
+/// different kinds.
 QSUTILS_API QsStatus QsGetIndicatorsFactor(const QsChar* first, int32_t firstLength, const QsChar* second,
                                            int32_t secondLength, double* factor, int32_t* isRelated);
-/** Whether a rate of price transfer is 0 or more. */
+/// Whether a rate of price transfer is 0 or more.
 QSUTILS_API QsStatus QsIsValidRateOfTransPrice(const QsChar* text, int32_t length, int32_t* isValid);
-/** The number that a rate of price transfer begins with, or 0. */
+/// The number that a rate of price transfer begins with, or 0.
 QSUTILS_API QsStatus QsGetFormatedRateOfTransPrice(const QsChar* text, int32_t length, double* rate);
 
 #if defined(__cplusplus)
