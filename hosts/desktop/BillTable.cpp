@@ -33,7 +33,8 @@ BillTable::BillTable(const Bill& bill, QWidget* parent)
     setWordWrap(false);
     setMouseTracking(true);
     connect(this, &QTableWidget::cellEntered, this, [this](int row, int column) { ShowTip(row, column); });
-    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [] { texttip::CloseWindowNow(); });
+    for (const QScrollBar* const bar : {verticalScrollBar(), horizontalScrollBar()})
+        connect(bar, &QScrollBar::valueChanged, this, [] { texttip::CloseWindowNow(); });
 }
 
 void BillTable::ShowTip(int row, int column) {

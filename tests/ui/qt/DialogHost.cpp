@@ -4,10 +4,16 @@
 #include <QThread>
 #include <QTimer>
 #include <QWidget>
+#include <atomic>
+#include <chrono>
 #include <cstdio>
+#include <exception>
 #include <functional>
+#include <memory>
+#include <stdexcept>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include <QsUtils/QsUtils.h>
 
@@ -24,6 +30,9 @@ struct Scene {
     std::function<void()> user;
     std::function<void()> host;
 };
+
+/// That the host's application has caught.
+int failures = 0;
 
 void Report(const char* what, const CString& answer) {
     std::printf("%s: [%s]\n", what, Utf8(answer).c_str());
@@ -48,6 +57,70 @@ Scene PickNothing() {
         Robot::Click(picker, "confirm");
         std::printf("open: %d\n", picker->isVisible() ? 1 : 0);
         Robot::Press(picker, Qt::Key_Escape);
+    });
+}
+
+/// Several threads open a picker each; the user attends to the one on top.
+void PickOnTop(int count) {
+    const auto top = [] {
+        QWidget* const modal = QApplication::activeModalWidget();
+        return modal != nullptr && modal->findChild<QWidget*>(QStringLiteral("templates")) != nullptr
+                   ? modal
+                   : nullptr;
+    };
+    if (count > 0)
+        Robot::When(top, [count](QWidget* picker) {
+            Robot::GoToRow(picker, 1);
+            Robot::Press(picker, Qt::Key_Return);
+            PickOnTop(count - 1);
+        });
+}
+
+Scene PickOnThreads(int count) {
+    return {[count] { PickOnTop(count); },
+            [count] {
+                std::vector<CString> picked(static_cast<std::size_t>(count));
+                std::vector<std::thread> threads;
+                for (CString& path : picked)
+                    threads.emplace_back(
+                        [&path] { path = IQsUtils::GetFeeTemplatePath(u"上海", u"2016预算定额", false); });
+                for (std::thread& thread : threads)
+                    thread.join();
+                for (const CString& path : picked)
+                    Report("picked", path);
+            }};
+}
+
+/// The host's main function returns while a thread of its still waits for the user.
+Scene LeaveOpen() {
+    const auto isOpen = std::make_shared<std::atomic<bool>>(false);
+    return {[isOpen] { Robot::When(Picker, [isOpen](QWidget*) { *isOpen = true; }); },
+            [isOpen] {
+                std::thread([] { IQsUtils::GetFeeTemplatePath(u"上海", u"2016预算定额", false); }).detach();
+                while (!*isOpen)
+                    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+                std::printf("leaving\n");
+            }};
+}
+
+/// The host quits while the message is open on top of the picker.
+Scene QuitAtMessage() {
+    return Pick([](QWidget* picker) {
+        Robot::When(Robot::MessageBox, [](QWidget*) { QCoreApplication::quit(); });
+        Robot::Click(picker, "confirm");
+    });
+}
+
+/// A part of the host fails while a dialog is open, and its application knows what to do about it.
+Scene Fail() {
+    return Pick([](QWidget* picker) {
+        QTimer::singleShot(0, qApp, [] { throw std::runtime_error("a failure of the host's"); });
+        Robot::When([] { return failures > 0 ? Picker() : nullptr; },
+                    [](QWidget* found) {
+                        Robot::GoToRow(found, 0);
+                        Robot::Press(found, Qt::Key_Return);
+                    });
+        static_cast<void>(picker);
     });
 }
 
@@ -106,13 +179,36 @@ Scene SceneOf(const std::string& action, const std::string& argument) {
         return PickNothing();
     if (action == "quit")
         return Pick([](QWidget*) { QCoreApplication::quit(); });
+    if (action == "quit-at-message")
+        return QuitAtMessage();
+    if (action == "threads")
+        return PickOnThreads(std::atoi(argument.c_str()));
+    if (action == "leave")
+        return LeaveOpen();
+    if (action == "fail")
+        return Fail();
     if (action == "folder")
         return Browse(argument);
     return Tip();
 }
 
+/// Events aren't let out of the loop that has brought them.
+class CatchingApplication : public QApplication {
+public:
+    using QApplication::QApplication;
+    bool notify(QObject* receiver, QEvent* event) override {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception& error) {
+            std::printf("caught: %s\n", error.what());
+            ++failures;
+            return true;
+        }
+    }
+};
+
 void RunWithApplication(int& count, char** arguments, const Scene& scene, bool onWorker) {
-    QApplication application(count, arguments);
+    const CatchingApplication application(count, arguments);
     QWidget window;
     window.show();
     std::thread worker;
@@ -121,7 +217,7 @@ void RunWithApplication(int& count, char** arguments, const Scene& scene, bool o
         if (onWorker) {
             worker = std::thread([&] {
                 scene.host();
-                QMetaObject::invokeMethod(&application, [] { QCoreApplication::quit(); });
+                QMetaObject::invokeMethod(qApp, [] { QCoreApplication::quit(); });
             });
         } else {
             scene.host();

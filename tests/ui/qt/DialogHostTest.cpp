@@ -30,8 +30,10 @@ private:
 class Screen : public testing::Environment {
 public:
     void SetUp() override {
-        ProgramCall call{
-            "/usr/bin/Xvfb", {"-displayfd", "1", "-screen", "0", "1024x768x24", "-nolisten", "tcp"}, {}, {}};
+        ProgramCall call{"/usr/bin/Xvfb",
+                         {"-displayfd", "1", "-noreset", "-screen", "0", "1024x768x24", "-nolisten", "tcp"},
+                         {},
+                         {}};
         m_server = std::make_unique<RunningProgram>(call);
         m_name = ":" + m_server->ReadLine();
     }
@@ -129,6 +131,70 @@ TEST_P(DialogHosts, ATipIsShownAfterItsDelayAndClosed) {
     EXPECT_EQ(result.err, "");
 }
 
+/// By the kind of host.
+class HostsOfOneKind : public testing::TestWithParam<std::string> {
+protected:
+    ProgramResult Run(const std::string& action, const std::string& argument = {},
+                      const std::string& platform = "offscreen") const {
+        return RunProgram(
+            {DIALOG_HOST, {GetParam(), m_sample.Folder().string(), action, argument}, On(platform), {}});
+    }
+    std::string Own() const {
+        return "picked: [" + (m_sample.Folder() / "模板/费用汇总模板/本单位一般计税.fyt").string() + "]\n";
+    }
+
+    SampleCopy m_sample;
+};
+
+class HostsWithAnApplication : public HostsOfOneKind {};
+
+TEST_P(HostsWithAnApplication, QuittingCancelsWhatIsOpen) {
+    for (const char* action : {"quit", "quit-at-message"}) {
+        const ProgramResult result = Run(action);
+        EXPECT_EQ(result.out, "picked: []\n") << action;
+        EXPECT_EQ(result.err, "") << action;
+        EXPECT_EQ(result.status, 0) << action;
+    }
+}
+
+TEST_P(HostsWithAnApplication, AFailureThatTheHostCatchesIsNoMatterToTheDialog) {
+    const ProgramResult result = Run("fail");
+    EXPECT_EQ(result.out.substr(0, result.out.find("picked")), "caught: a failure of the host's\n");
+    EXPECT_NE(result.out.find("picked: [/"), result.out.npos);
+    EXPECT_EQ(result.status, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(AllKinds, HostsWithAnApplication, testing::Values("own", "worker"),
+                         [](const auto& kind) { return kind.param; });
+
+class HostsOfSeveralThreads : public HostsOfOneKind {};
+
+TEST_P(HostsOfSeveralThreads, EachThreadHasItsOwnDialog) {
+    for (const char* platform : {"offscreen", "xcb"}) {
+        const ProgramResult result = Run("threads", "4", platform);
+        EXPECT_EQ(result.out, Own() + Own() + Own() + Own());
+        EXPECT_EQ(result.err, "");
+        EXPECT_EQ(result.status, 0);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(AllKinds, HostsOfSeveralThreads, testing::Values("worker", "none"),
+                         [](const auto& kind) { return kind.param; });
+
+class HostsWithoutAnApplication : public HostsOfOneKind {};
+
+TEST_P(HostsWithoutAnApplication, AHostMayEndWhileADialogIsOpen) {
+    for (const char* platform : {"offscreen", "xcb"}) {
+        const ProgramResult result = Run("leave", {}, platform);
+        EXPECT_EQ(result.out, "leaving\n");
+        EXPECT_EQ(result.err, "");
+        EXPECT_EQ(result.status, 0);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(AllKinds, HostsWithoutAnApplication, testing::Values("none"),
+                         [](const auto& kind) { return kind.param; });
+
 TEST(DialogOfAnotherThread, EndsWithTheApplication) {
     const SampleCopy sample;
     for (int round = 0; round < 5; ++round) {
@@ -189,12 +255,34 @@ TEST(PlainHost, ItEndsCleanlyWithTheTipShown) {
         EXPECT_EQ(RunPlain({"tip"}, On("xcb")).status, 0);
 }
 
+TEST(PlainHost, QtSaysNothingAtItsEnd) {
+    const SampleCopy sample;
+    Environment environment = On("xcb");
+    environment.pop_back();  // the rules by which Qt keeps its warnings to itself
+    environment.emplace_back("XDG_RUNTIME_DIR", (sample.Folder() / "Library").string());
+    std::filesystem::permissions(sample.Folder() / "Library", std::filesystem::perms::owner_all);
+    const ProgramResult result =
+        RunProgram({DIALOG_HOST, {"none", sample.Folder().string(), "cancel", "1"}, environment, {}});
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.status, 0);
+}
+
 TEST(ReloadingHost, TheLibraryLeavesEachTimeAndFindsQtAgain) {
     for (const char* platform : {"offscreen", "xcb"}) {
         const ProgramResult result = RunProgram({RELOAD_HOST, {QSUTILS_MODULE, "50"}, On(platform), {}});
         EXPECT_EQ(result.out, "gone 50 times\n");
         EXPECT_EQ(result.status, 0);
         EXPECT_EQ(result.err, "");
+    }
+}
+
+TEST(ReloadingHost, TheLibraryLeavesAfterItsDialogs) {
+    for (const char* kind : {"own", "none"}) {
+        const ProgramResult result =
+            RunProgram({PLUGIN_HOST, {kind, DIALOG_PLUGIN, QSUTILS_MODULE, "10"}, On("offscreen"), {}});
+        EXPECT_EQ(result.out, "gone 10 times\n") << kind;
+        EXPECT_EQ(result.status, 0) << kind;
+        EXPECT_EQ(result.err, "") << kind;
     }
 }
 

@@ -234,6 +234,102 @@ TEST(PickerView, ItsParentMayGoWhileItIsOpen) {
     }));
 }
 
+TEST(PickerView, ItsParentMayGoWhileTheMessageIsOpen) {
+    QWidget* const window = new QWidget;
+    window->show();
+    window->activateWindow();
+    QTest::qWait(50);
+    FakePicker dialog(1);
+    EXPECT_FALSE(UseView(dialog, [window](QWidget* view) {
+        EXPECT_EQ(view->parentWidget(), window);
+        Robot::When(Robot::MessageBox, [window](QWidget*) { delete window; });
+        Robot::Click(view, "confirm");
+    }));
+    EXPECT_EQ(dialog.confirmed, Confirmed{QsUi::NoRow});
+    EXPECT_EQ(Robot::WindowWith("templates"), nullptr);
+}
+
+TEST(PickerView, TheMessageIsClosedWithEscapeAndTheListHasTheKeysAgain) {
+    FakePicker dialog(3);
+    EXPECT_TRUE(UseView(dialog, [](QWidget* view) {
+        Robot::When(Robot::MessageBox, [](QWidget* box) { Robot::Press(box, Qt::Key_Escape); });
+        Robot::Press(view, Qt::Key_Return);  // without a row
+        EXPECT_EQ(Robot::MessageBox(), nullptr);
+        EXPECT_EQ(view->focusWidget(), &TableOf(*view));
+        Robot::GoToRow(view, 1);
+        Robot::Press(view, Qt::Key_Return);
+    }));
+    EXPECT_EQ(dialog.confirmed, (Confirmed{QsUi::NoRow, 1}));
+}
+
+TEST(PickerView, ADoubleClickBesideTheRowsTakesNothing) {
+    FakePicker dialog(2);
+    EXPECT_FALSE(UseView(dialog, [](QWidget* view) {
+        QTableView& table = TableOf(*view);
+        Robot::GoToRow(view, 0);
+        const QPoint below(20, table.viewport()->height() - 2);
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, below);
+        QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, below);
+        EXPECT_TRUE(view->isVisible());
+        Robot::Press(view, Qt::Key_Escape);
+    }));
+    EXPECT_EQ(dialog.confirmed, Confirmed{});
+}
+
+TEST(PickerView, WithoutAnyRowItIsOpenedAllTheSame) {
+    FakePicker dialog(0);
+    EXPECT_FALSE(UseView(dialog, [](QWidget* view) {
+        for (const int key : {Qt::Key_Down, Qt::Key_End, Qt::Key_Home, Qt::Key_A})
+            Robot::Press(view, key);
+        TableOf(*view).model()->sort(1);
+        Robot::When(Robot::MessageBox, [](QWidget* box) { Robot::Press(box, Qt::Key_Return); });
+        Robot::Press(view, Qt::Key_Return);
+        Robot::Press(view, Qt::Key_Escape);
+    }));
+    EXPECT_EQ(dialog.confirmed, Confirmed{QsUi::NoRow});
+}
+
+TEST(PickerView, LettersLeadOnFromTheCurrentRowAndAround) {
+    FakePicker dialog(0);
+    for (const char16_t* title : {u"常规", u"Alpha", u"beta", u"Bravo", u"常用"})
+        dialog.rows.emplace_back(title, u"x");
+    constexpr int pause = 100;  // behind which letters begin anew
+    const int before = QApplication::keyboardInputInterval();
+    QApplication::setKeyboardInputInterval(pause);
+    EXPECT_TRUE(UseView(dialog, [](QWidget* view) {
+        QTableView& table = TableOf(*view);
+        const auto type = [&](const QString& letters) {
+            QTest::qWait(3 * pause);
+            for (const QChar& letter : letters)
+                table.keyboardSearch(letter);
+            return table.currentIndex().row();
+        };
+        EXPECT_EQ(type(QStringLiteral("b")), 2);
+        EXPECT_EQ(type(QStringLiteral("b")), 3) << "the next one";
+        EXPECT_EQ(type(QStringLiteral("b")), 2) << "and around";
+        EXPECT_EQ(type(QStringLiteral("BR")), 3) << "without case";
+        EXPECT_EQ(type(QStringLiteral("常用")), 4);
+        EXPECT_EQ(type(QStringLiteral("x")), 4) << "no source is looked at";
+        Robot::Press(view, Qt::Key_Return);
+    }));
+    QApplication::setKeyboardInputInterval(before);
+    EXPECT_EQ(dialog.confirmed, Confirmed{4});
+}
+
+TEST(PickerView, TheKeyTabLeadsBackAsWell) {
+    FakePicker dialog(3);
+    EXPECT_FALSE(UseView(dialog, [](QWidget* view) {
+        const auto back = [view] { QTest::keyClick(view->focusWidget(), Qt::Key_Tab, Qt::ShiftModifier); };
+        back();
+        EXPECT_EQ(view->focusWidget()->objectName(), QStringLiteral("cancel"));
+        back();
+        EXPECT_EQ(view->focusWidget()->objectName(), QStringLiteral("confirm"));
+        back();
+        EXPECT_EQ(view->focusWidget(), &TableOf(*view));
+        Robot::Press(view, Qt::Key_Escape);
+    }));
+}
+
 TEST(PickerView, TheKeyTabLeadsFromTheListToTheButtons) {
     FakePicker dialog(3);
     EXPECT_FALSE(UseView(dialog, [](QWidget* view) {

@@ -14,6 +14,8 @@
 
 #include <unistd.h>
 
+#include "QsUtils/ui/qt/module/Display.h"
+
 namespace QsQt {
 
 namespace {
@@ -24,6 +26,8 @@ std::atomic<unsigned int> uses{0};
 
 /// How long the end of the process waits for a thread that is at work.
 constexpr int MostMillisecondsToHold = 2000;
+
+void DropMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
 
 void HoldThread() {
     QCoreApplication* const application = QCoreApplication::instance();
@@ -41,6 +45,8 @@ void HoldThread() {
         },
         Qt::QueuedConnection);
     isThere->tryAcquire(1, MostMillisecondsToHold);
+    // Objects of that thread go on this one now, and Qt would tell the user of each.
+    qInstallMessageHandler(DropMessage);
 }
 
 /// Windows are listed under the name of the host's program.
@@ -65,43 +71,61 @@ private:
     std::string m_locale;
 };
 
-/// Qt says at its start that it has taken another locale than the user's. It isn't the host's matter.
-void DropMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
-
-void RunApplication(const std::string& platform, QSemaphore& isStarted) {
+void MakeApplication(const std::string& platform) {
     // They live as long as the process, and so does the application.
     static std::string program = ProgramName();
     static std::string option = "-platform";
     static std::string name = platform;
     static char* arguments[] = {program.data(), option.data(), name.data(), nullptr};
     static int count = 3;
-    QApplication* application = nullptr;
-    {
-        const KeptLocale locale;
-        const QtMessageHandler before = qInstallMessageHandler(DropMessage);
-        application = new QApplication(count, arguments);
-        qInstallMessageHandler(before);
-    }
+    const KeptLocale locale;
+    // Qt says that it has taken another locale than the user's. It isn't the host's matter.
+    const QtMessageHandler before = qInstallMessageHandler(DropMessage);
+    new QApplication(count, arguments);
+    qInstallMessageHandler(before);
     QApplication::setQuitOnLastWindowClosed(false);
-    isStarted.release();
-    for (;;)
-        application->exec();  // a host can't end it
+}
+
+/// What becomes of a start.
+struct Starting {
+    QSemaphore end;
+    std::u16string reason;  // of a failure
+};
+
+void RunApplication(Starting& starting) {
+    {
+        const Platform platform = FindPlatform();
+        starting.reason = platform.reason;
+        if (!platform.name.empty())
+            MakeApplication(platform.name);
+    }
+    const bool isMade = QCoreApplication::instance() != nullptr;
+    starting.end.release();
+    while (isMade)
+        QApplication::exec();  // a host can't end it
 }
 
 }  // namespace
 
-void StartOwnApplication(const std::string& platform) {
+bool StartOwnApplication(std::u16string& reason) {
     // The host's signals are for the host's threads.
     sigset_t all;
     sigset_t before;
     ::sigfillset(&all);
     ::pthread_sigmask(SIG_BLOCK, &all, &before);
-    QSemaphore isStarted;
-    std::thread([&] { RunApplication(platform, isStarted); }).detach();
-    isStarted.acquire();
+    Starting starting;
+    std::thread thread([&] { RunApplication(starting); });
+    starting.end.acquire();
     ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    if (QCoreApplication::instance() == nullptr) {
+        thread.join();
+        reason = starting.reason;
+        return false;
+    }
+    thread.detach();
     isStartedByUs.store(true);
     PrepareForEnd();
+    return true;
 }
 
 // Objects go at the end in the reverse order in which they came, and Qt makes some of its own at their first

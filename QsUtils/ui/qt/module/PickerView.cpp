@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QResizeEvent>
 #include <QTableView>
@@ -114,11 +115,15 @@ void PickerView::Confirm() {
         accept();
         return;
     }
-    QMessageBox box(QMessageBox::Information, ToQString(message->caption), ToQString(message->text),
-                    QMessageBox::NoButton, this);
-    box.setAttribute(Qt::WA_QuitOnClose, false);
-    box.addButton(ToQString(QsUi::Picker::Confirm), QMessageBox::AcceptRole);
-    box.exec();
+    // The host may destroy the window on which this stands while the box is open, and both go with it.
+    const QPointer<QMessageBox> box = new QMessageBox(QMessageBox::Information, ToQString(message->caption),
+                                                      ToQString(message->text), QMessageBox::NoButton, this);
+    box->setAttribute(Qt::WA_QuitOnClose, false);
+    box->addButton(ToQString(QsUi::Picker::Confirm), QMessageBox::AcceptRole);
+    box->exec();
+    if (box.isNull())
+        return;
+    delete box.data();
     m_table->setFocus();
 }
 

@@ -9,7 +9,6 @@
 #include <mutex>
 #include <utility>
 
-#include "QsUtils/ui/qt/module/Display.h"
 #include "QsUtils/ui/qt/module/OwnApplication.h"
 
 namespace QsQt::UiThread {
@@ -71,30 +70,49 @@ void RunElsewhere(const std::function<void(const std::shared_ptr<Awaited>&)>& wo
     QObject::disconnect(quitting);
 }
 
+constexpr const char* IsOurs = "QsUtilsDialog";
+
+/// The window of the host's on top. Dialogs of several threads may be open at a time, and none may go with
+/// another one, which may just be about to.
 QWidget* Parent() {
     QWidget* const modal = QApplication::activeModalWidget();
-    return modal != nullptr ? modal : QApplication::activeWindow();
+    QWidget* parent = modal != nullptr ? modal : QApplication::activeWindow();
+    for (QWidget* each = parent; each != nullptr; each = each->parentWidget()) {
+        if (each->property(IsOurs).isValid())
+            parent = each->parentWidget();
+    }
+    return parent;
 }
 
 QDialog* Make(const std::function<QDialog*(QWidget*)>& make) {
     QDialog* const dialog = make(Parent());
+    dialog->setProperty(IsOurs, true);
     dialog->setModal(true);
     dialog->setAttribute(Qt::WA_QuitOnClose, false);  // it isn't the last window of a host that shows none
     return dialog;
 }
 
+/// A dialog that goes with its owner, unless its parent has been destroyed while it was open, which has taken
+/// it along.
+class OwnedDialog {
+public:
+    explicit OwnedDialog(QDialog* dialog) : m_dialog(dialog) {}
+    OwnedDialog(const OwnedDialog&) = delete;
+    OwnedDialog& operator=(const OwnedDialog&) = delete;
+    ~OwnedDialog() { delete m_dialog.data(); }
+
+    QDialog* Get() const { return m_dialog.data(); }
+
+private:
+    QPointer<QDialog> m_dialog;
+};
+
 }  // namespace
 
 bool Start(std::u16string& reason) {
     const std::lock_guard lock(starting);
-    if (QCoreApplication::instance() == nullptr) {
-        const Platform platform = FindPlatform();
-        if (platform.name.empty()) {
-            reason = platform.reason;
-            return false;
-        }
-        StartOwnApplication(platform.name);
-    }
+    if (QCoreApplication::instance() == nullptr && !StartOwnApplication(reason))
+        return false;
     if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr) {
         reason = u"the host's application has no windows.";
         return false;
@@ -121,12 +139,10 @@ bool RunDialog(const std::function<QDialog*(QWidget* parent)>& make,
                const std::function<void(const QDialog&)>& read) {
     bool isAccepted = false;
     if (IsCurrent()) {
-        // Its parent may be destroyed while it is open, and takes it along.
-        const QPointer<QDialog> dialog = Make(make);
-        isAccepted = dialog->exec() == QDialog::Accepted && !dialog.isNull();
+        const OwnedDialog dialog(Make(make));
+        isAccepted = dialog.Get()->exec() == QDialog::Accepted && dialog.Get() != nullptr;
         if (isAccepted)
-            read(*dialog);
-        delete dialog.data();
+            read(*dialog.Get());
         return isAccepted;
     }
     RunElsewhere([&](const std::shared_ptr<Awaited>& token) {
