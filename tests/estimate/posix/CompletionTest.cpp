@@ -52,7 +52,7 @@ Offers InBash(const std::vector<std::string>& line, const std::filesystem::path&
     return offers;
 }
 
-/// The specifications that zsh's completion hands to its shell for a command, one a line; what is offered for
+/// The entries that zsh's completion hands to its shell for a command, one a line; what is offered for
 /// commands stands behind "command:".
 std::vector<std::string> InZsh(const std::string& command) {
     const std::string script =
@@ -71,14 +71,14 @@ std::vector<std::string> InZsh(const std::string& command) {
     return lines;
 }
 
-/// The option of a specification such as "(-o --output)--output:FILE:_files"; empty for an argument.
-std::string OptionOf(std::string specification) {
-    if (specification.starts_with("("))
-        specification.erase(0, specification.find(')') + 1);
-    if (specification.starts_with("*"))
-        specification.erase(0, 1);
-    return specification.starts_with("--") || (specification.starts_with("-") && specification != "-C")
-               ? specification.substr(0, specification.find(':'))
+/// The option of an entry such as "(-o --output)--output:FILE:_files"; empty for an argument.
+std::string OptionOf(std::string entry) {
+    if (entry.starts_with("("))
+        entry.erase(0, entry.find(')') + 1);
+    if (entry.starts_with("*"))
+        entry.erase(0, 1);
+    return entry.starts_with("--") || (entry.starts_with("-") && entry != "-C")
+               ? entry.substr(0, entry.find(':'))
                : std::string();
 }
 
@@ -160,8 +160,8 @@ TEST(ZshCompletion, OffersTheOptionsOfTheHelp) {
         if (help.path.find(' ') != std::string::npos || help.path == "backup")
             continue;
         Offers options;
-        for (const std::string& specification : InZsh(help.path))
-            if (const std::string option = OptionOf(specification); !option.empty())
+        for (const std::string& entry : InZsh(help.path))
+            if (const std::string option = OptionOf(entry); !option.empty())
                 options.insert(option);
         EXPECT_EQ(options, WithCommon(help.options)) << help.path;
     }
