@@ -1,5 +1,6 @@
 // The picker's window, driven through the message loop that shows it.
 #include <ostream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "QsUtils/platform/Geometry.h"
+#include "QsUtils/ui/win32/CommonControls.h"
 #include "QsUtils/ui/win32/DialogIds.h"
 
 #include "tests/ui/win32/views/FakePicker.h"
@@ -395,6 +397,28 @@ TEST(PickerView, WithoutAnyRowItIsOpenedAllTheSame) {
     EXPECT_FALSE(picker.Run());
     driver.Join();
     EXPECT_EQ(picker.confirmations, 1);
+}
+
+/// What windows that a thread makes look like is the host's matter again afterwards.
+TEST(PickerView, TheThreadIsLeftWithTheContextThatItHad) {
+    const auto current = [] {
+        HANDLE context = nullptr;
+        EXPECT_TRUE(::GetCurrentActCtx(&context));
+        ::ReleaseActCtx(context);
+        return context;
+    };
+    const HANDLE before = current();
+    FakePicker picker(ThreeRows());
+    DialogDriver driver(Title, [](HWND dialog) { PressButton(dialog, IDCANCEL); });
+    EXPECT_FALSE(picker.Run());
+    driver.Join();
+    EXPECT_EQ(current(), before);
+    try {
+        const QsUi::CommonControls controls;
+        throw std::runtime_error("leaving");
+    } catch (const std::runtime_error&) {
+        EXPECT_EQ(current(), before);
+    }
 }
 
 TEST(PickerView, TheHostsWindowCantBeUsedMeanwhile) {
