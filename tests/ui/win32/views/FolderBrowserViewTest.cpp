@@ -157,6 +157,21 @@ TEST_F(FolderBrowserView, AChoiceWithoutAPathIsNone) {
     EXPECT_EQ(browser.GetSelectedPath(), u"");
 }
 
+TEST_F(FolderBrowserView, AHostThatQuitsCancelsItAndStillQuits) {
+    const DWORD thread = ::GetCurrentThreadId();
+    WatchedBrowser browser(Views(), Path("b"));
+    DialogDriver driver(L"", [&](HWND window) {
+        EXPECT_TRUE(Eventually([&] { return browser.IsCurrent(Path("b")); }));
+        ::PostThreadMessageW(thread, WM_QUIT, 7, 0);
+        EXPECT_TRUE(WaitForEnd(window));
+    });
+    EXPECT_EQ(browser.DoModal(), 2);
+    driver.Join();
+    MSG message{};
+    EXPECT_TRUE(::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(message.wParam, 7u);
+}
+
 TEST_F(FolderBrowserView, ThePathsOfTheLongestLengthFit) {
     for (const std::size_t length : {std::size_t{200}, std::size_t{259}}) {
         std::wstring path = L"C:\\" + std::wstring(100, L'x') + L"\\";

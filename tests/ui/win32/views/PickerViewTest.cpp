@@ -1,7 +1,9 @@
 // The picker's window, driven through the message loop that shows it.
+#include <atomic>
 #include <ostream>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <windows.h>
@@ -419,6 +421,50 @@ TEST(PickerView, TheThreadIsLeftWithTheContextThatItHad) {
     } catch (const std::runtime_error&) {
         EXPECT_EQ(current(), before);
     }
+}
+
+TEST(PickerView, AHostThatQuitsCancelsItAndStillQuits) {
+    const DWORD thread = ::GetCurrentThreadId();
+    FakePicker picker(ThreeRows());
+    DialogDriver driver(Title, [thread](HWND dialog) {
+        EXPECT_TRUE(SelectRow(dialog, 1));
+        ::PostThreadMessageW(thread, WM_QUIT, 7, 0);
+        EXPECT_TRUE(WaitForEnd(dialog));
+    });
+    EXPECT_FALSE(picker.Run());
+    driver.Join();
+    EXPECT_EQ(picker.confirmations, 0);
+    MSG message{};
+    EXPECT_TRUE(::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(message.wParam, 7u);
+}
+
+TEST(PickerView, TwoThreadsHaveOneEach) {
+    FakePicker first(ThreeRows());
+    FakePicker second({{u"甲", u""}, {u"乙", u""}});
+    std::atomic<bool> isTaken{false};
+    std::thread other([&] { isTaken = second.Run(); });
+    const HWND own = WaitForWindow(Title);
+    ASSERT_NE(own, nullptr);
+    std::thread user([&] {
+        HWND found = nullptr;
+        EXPECT_TRUE(Eventually([&] {  // the one that has come behind it
+            found = ::FindWindowExW(nullptr, nullptr, L"#32770", Title);
+            found = found == own ? ::FindWindowExW(nullptr, found, L"#32770", Title) : found;
+            return found != nullptr && ListOf(found) != nullptr;
+        }));
+        for (const HWND dialog : {own, found}) {
+            EXPECT_TRUE(SelectRow(dialog, 1));
+            PressButton(dialog, IDOK);
+            EXPECT_TRUE(WaitForEnd(dialog));
+        }
+    });
+    EXPECT_TRUE(first.Run());
+    other.join();
+    user.join();
+    EXPECT_TRUE(isTaken);
+    EXPECT_EQ(first.chosen, 1u);
+    EXPECT_EQ(second.chosen, 1u);
 }
 
 TEST(PickerView, TheHostsWindowCantBeUsedMeanwhile) {
