@@ -39,11 +39,17 @@ public:
     /// The same rectangle.
     constexpr CRect(const RECT& rect) noexcept : RECT(rect) {}
 
-    constexpr int Width() const noexcept { return static_cast<int>(right - left); }   ///< right less left
-    constexpr int Height() const noexcept { return static_cast<int>(bottom - top); }  ///< bottom less top
+    constexpr int Width() const noexcept { return Less(right, left); }   ///< right less left
+    constexpr int Height() const noexcept { return Less(bottom, top); }  ///< bottom less top
 
     /// Side by side.
     friend constexpr bool operator==(const CRect& a, const CRect& b) noexcept {
         return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
+    }
+
+private:
+    /// Sides that stand further apart than an int can tell begin anew at its other end.
+    static constexpr int Less(Side a, Side b) noexcept {
+        return static_cast<int>(static_cast<std::uint32_t>(a) - static_cast<std::uint32_t>(b));
     }
 };

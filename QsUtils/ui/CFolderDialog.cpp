@@ -1,13 +1,20 @@
 #include "QsUtils/ui/CFolderDialog.h"
 
+#include <exception>
+
 using QsUi::FolderBrowserMessage;
 using QsUi::FolderItem;
 using QsUi::IFolderBrowserWindow;
 
 namespace {
 
+// Nothing may pass through the browser, which is the system's; without memory its status stays behind.
 int Callback(IFolderBrowserWindow* window, FolderBrowserMessage message, FolderItem item, void* object) {
-    static_cast<CFolderDialog*>(object)->OnBrowseCallback(window, message, item);
+    try {
+        static_cast<CFolderDialog*>(object)->OnBrowseCallback(window, message, item);
+    } catch (const std::exception&) {
+        return 0;
+    }
     return 0;
 }
 

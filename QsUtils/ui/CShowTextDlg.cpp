@@ -1,5 +1,9 @@
 #include "QsUtils/ui/CShowTextDlg.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
 namespace {
 
 // How much larger than its text the window is, and where the text stands in it.
@@ -13,6 +17,16 @@ constexpr int Gap = 2;
 /// Pixels of a place that a text doesn't fill for being as long as it.
 constexpr int Tolerance = 4;
 
+// A host may ask for any place and any rectangle.
+std::int64_t Width(const CRect& rect) {
+    return std::int64_t{rect.right} - rect.left;
+}
+
+int Fitting(std::int64_t number) {
+    using Int = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp<std::int64_t>(number, Int::min(), Int::max()));
+}
+
 }  // namespace
 
 void CShowTextDlg::EnsureTipWindow() {
@@ -22,41 +36,40 @@ void CShowTextDlg::EnsureTipWindow() {
         m_window = views->CreateTipWindow(*this, m_fontText);
 }
 
-void CShowTextDlg::OnWindowThread(const std::function<void()>& work) {
-    if (m_window != nullptr)
-        m_window->Run(work);
-    else
+void CShowTextDlg::Do(const std::function<void()>& work) {
+    if (m_window == nullptr || !m_window->Run(work))
         work();
 }
 
 void CShowTextDlg::SetTextColor(QsUi::Colour color) {
-    OnWindowThread([&] { m_crText = color; });
+    Do([&] { m_crText = color; });
 }
 
 void CShowTextDlg::SetBackgroundColor(QsUi::Colour color) {
-    OnWindowThread([&] { m_crBackground = color; });
+    Do([&] { m_crBackground = color; });
 }
 
 void CShowTextDlg::SetShowText(const CString& text) {
     EnsureTipWindow();
-    OnWindowThread([&] {
+    const auto measured = [&] {
         m_strShowText = text;
-        if (m_window != nullptr)
-            MeasureText();
-    });
+        MeasureText();
+    };
+    if (m_window == nullptr || !m_window->Run(measured))
+        m_strShowText = text;
 }
 
 void CShowTextDlg::MeasureText() {
     CRect rect = m_window->WindowRect();
     const int height = m_window->Measure(m_strShowText.View(), rect);
     m_rcText = rect;
-    m_window->Place(static_cast<int>(rect.left), static_cast<int>(rect.top), rect.Width() + WidthBeside,
-                    height + HeightBeside);
+    m_window->Place(static_cast<int>(rect.left), static_cast<int>(rect.top),
+                    Fitting(Width(rect) + WidthBeside), Fitting(std::int64_t{height} + HeightBeside));
 }
 
 bool CShowTextDlg::IsTextLonger(const CRect& rect) {
     bool isLonger = false;
-    OnWindowThread([&] { isLonger = m_rcText.Width() >= rect.Width() - Tolerance; });
+    Do([&] { isLonger = Width(m_rcText) >= Width(rect) - Tolerance; });
     return isLonger;
 }
 
@@ -66,8 +79,8 @@ void CShowTextDlg::SetWindowPosition(POINT point) {
         return;
     m_window->Run([&] {
         const CRect client = m_window->ClientRect();
-        m_window->Place(static_cast<int>(point.x), static_cast<int>(point.y) - client.Height() - Gap,
-                        client.Width(), client.Height());
+        const int top = Fitting(std::int64_t{point.y} - client.Height() - Gap);
+        m_window->Place(static_cast<int>(point.x), top, client.Width(), client.Height());
     });
 }
 

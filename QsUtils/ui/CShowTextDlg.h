@@ -46,7 +46,8 @@ public:
 
 private:
     void EnsureTipWindow();
-    void OnWindowThread(const std::function<void()>& work);
+    /// Does work on the window's thread, and at once where there is no window or none any more.
+    void Do(const std::function<void()>& work);
     void MeasureText();
     void ShowTip();
 

@@ -2,6 +2,7 @@
 
 #include "QsUtils/directory/DirectoryManager.h"
 #include "QsUtils/frame/IQsUtils.h"
+#include "QsUtils/text/Paths.h"
 
 namespace QsUi {
 
@@ -16,13 +17,18 @@ bool BeginsWith(const CString& text, const CString& head) {
 }  // namespace
 
 TemplateSources::TemplateSources()
-    : m_ownWord(CString(u"墨衡造价V") + IQsUtils::GetSoftVersion() + u"\\"),
-      m_ownRoot(DirectoryManager::GetCommonDirectoryManager()->GetExeDirectory()),
-      m_libraryRoot(DirectoryManager::GetLibraryDirectoryManager()->GetLibraryRootDirectory()),
-      m_ownCut(IQsUtils::RemoveRelativeDirectoryFromPath(m_ownRoot).GetLength()) {}
+    : TemplateSources({IQsUtils::GetSoftVersion(),
+                       DirectoryManager::GetCommonDirectoryManager()->GetExeDirectory(),
+                       DirectoryManager::GetLibraryDirectoryManager()->GetLibraryRootDirectory()}) {}
 
+TemplateSources::TemplateSources(const TemplateRoots& roots)
+    : m_ownWord(CString(u"墨衡造价V") + roots.version + u"\\"),
+      m_ownRoot(roots.exeDirectory),
+      m_libraryRoot(roots.libraryFolder) {}
+
+// Not asked for beforehand: a folder that it refuses is no matter to those who list none of the user's.
 CString TemplateSources::OwnSource(const CString& path) const {
-    return m_ownWord + path.Mid(m_ownCut);
+    return m_ownWord + path.Mid(QsText::RemoveRelativeDirectoryFromPath(m_ownRoot).GetLength());
 }
 
 CString TemplateSources::LibrarySource(const CString& path) const {

@@ -5,13 +5,22 @@
 
 namespace QsUi {
 
-/// The source texts of the templates below the installation's two roots. The roots and the version of the
-/// product are asked for once, at construction.
+/// What source texts are made of.
+struct TemplateRoots {
+    CString version;        ///< of the product
+    CString exeDirectory;   ///< of the user's templates
+    CString libraryFolder;  ///< of the cost libraries'; empty when there is none
+};
+
+/// The source texts of the templates below two roots.
 class TemplateSources {
 public:
+    /// Of the installation, as they are at construction.
     TemplateSources();
+    explicit TemplateSources(const TemplateRoots& roots);
 
-    /// For a template of the user's; `path` is in full.
+    /// For a template of the user's; `path` is in full, without relative parts. Raises what
+    /// `RemoveRelativeDirectoryFromPath` raises for the executable's folder.
     CString OwnSource(const CString& path) const;
     /// For a template of a cost library.
     CString LibrarySource(const CString& path) const;
@@ -23,7 +32,6 @@ private:
     CString m_ownWord;
     CString m_ownRoot;
     CString m_libraryRoot;
-    int m_ownCut = 0;  // units in front of the relative part
 };
 
 }  // namespace QsUi

@@ -121,8 +121,9 @@ public:
     /// none follows.
     virtual ~ITipWindow() = default;
 
-    /// Runs work on the window's thread and waits for its end. All other calls belong there.
-    virtual void Run(const std::function<void()>& work) = 0;
+    /// Runs work on the window's thread and waits for its end. All other calls belong there. False, with
+    /// nothing run, when the toolkit shows no windows any more.
+    virtual bool Run(const std::function<void()>& work) = 0;
 
     /// Measures a text in the tip's font as DrawText does with DT_CALCRECT and nothing else: it has lines,
     /// which end as usual, and a "&" in front of a character isn't measured. Keeps the left upper corner of

@@ -8,6 +8,9 @@ namespace Desktop {
 
 namespace {
 
+/// Spreadsheets write it in front.
+constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
+
 struct Rows {
     QVector<QStringList> rows;
     QStringList row;
@@ -31,7 +34,9 @@ Bill ReadBill(const QString& path) {
     csv_parser parser;
     if (!file.open(QIODevice::ReadOnly) || ::csv_init(&parser, 0) != 0)
         return {};
-    const QByteArray bytes = file.readAll();
+    QByteArray bytes = file.readAll();
+    if (bytes.startsWith(ByteOrderMark))
+        bytes.remove(0, static_cast<qsizetype>(sizeof ByteOrderMark - 1));
     Rows rows;
     ::csv_parse(&parser, bytes.constData(), static_cast<std::size_t>(bytes.size()), EndField, EndRow, &rows);
     ::csv_fini(&parser, EndField, EndRow, &rows);

@@ -28,7 +28,13 @@ int main(int count, char** arguments) {
         return 1;
     }
     IQsUtils::SetSoftVersion(u"7.1");
-    Desktop::MainWindow window(Desktop::ReadBill(options.value(QStringLiteral("bill"))));
+    const QString file = options.value(QStringLiteral("bill"));
+    const Desktop::Bill bill = Desktop::ReadBill(file);
+    if (bill.columns.isEmpty()) {
+        qCritical("desktop: %s is no bill", qPrintable(file));
+        return 1;
+    }
+    Desktop::MainWindow window(bill);
     window.show();
     if (const QString folder = options.value(QStringLiteral("screenshots")); !folder.isEmpty())
         Desktop::TakeScreenshots(window, folder);

@@ -1,6 +1,7 @@
 // The picker in an installation of this process: what it lists, and what it gives back.
 #include <fstream>
 #include <functional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -253,6 +254,91 @@ TEST_F(TemplatePicker, SourceTextsLeadBack) {
               DirectoryManager::GetLibraryDirectoryManager()->GetLibraryRootDirectory() + u"a");
     EXPECT_EQ(sources.PathBehind(u"a墨衡清单定额库\\a"), u"");
     EXPECT_EQ(sources.PathBehind(u""), u"");
+}
+
+TEST_F(TemplatePicker, AChangedVersionIsTheWholeWordOrNone) {
+    MakeOwn(L"fyhz\\a.fyt");
+    const auto pickedAfter = [&](const char16_t* before, const char16_t* after) {
+        IQsUtils::SetSoftVersion(before);
+        views.onPicker = [after](QsUi::IPickerDialog& dialog) {
+            IQsUtils::SetSoftVersion(after);
+            return !dialog.Confirm(0);
+        };
+        return QsUi::PickTemplate(&views, QsUi::FeeSummary, family, section, false, 0);
+    };
+    EXPECT_EQ(pickedAfter(u"7.1", u"7"), u"");
+    EXPECT_EQ(pickedAfter(u"7", u"7.1"), u"");
+    EXPECT_EQ(pickedAfter(u"7.1", u""), u"");
+    EXPECT_EQ(pickedAfter(u"7.1", u"7.1"), OwnPath(u"fyhz\\a.fyt"));
+    EXPECT_EQ(pickedAfter(u"", u""), OwnPath(u"fyhz\\a.fyt")) << "no version is one too";
+    EXPECT_EQ(pickedAfter(u"%s%n", u"%s%n"), OwnPath(u"fyhz\\a.fyt")) << "it is no format";
+}
+
+TEST_F(TemplatePicker, AChangedVersionIsNoMatterToTheLibrarysTemplates) {
+    MakeInLibrary(LibraryPath_FeeTemplate, L"费用汇总模板\\l.fyt");
+    views.onPicker = [](QsUi::IPickerDialog& dialog) {
+        IQsUtils::SetSoftVersion(u"8");
+        return !dialog.Confirm(0);
+    };
+    EXPECT_EQ(QsUi::PickTemplate(&views, QsUi::FeeSummary, family, section, false, 0),
+              LibraryPath(LibraryPath_FeeTemplate, L"费用汇总模板\\l.fyt"));
+}
+
+TEST_F(TemplatePicker, ATitleLosesItsLastPointAlone) {
+    MakeOwn(L"fyhz\\一般.2016.v2.fyt");
+    MakeOwn(L"fyhz\\.fyt");
+    MakeOwn(L"fyhz\\a.fyt.fyt");
+    EXPECT_EQ(Listed(0), (Rows{{u"", u"墨衡造价V7.1\\own\\fyhz\\.fyt"},
+                               {u"a.fyt", u"墨衡造价V7.1\\own\\fyhz\\a.fyt.fyt"},
+                               {u"一般.2016.v2", u"墨衡造价V7.1\\own\\fyhz\\一般.2016.v2.fyt"}}));
+    EXPECT_EQ(Picked(2), OwnPath(u"fyhz\\一般.2016.v2.fyt"));
+}
+
+TEST_F(TemplatePicker, WithoutFamilyAndSectionTheLibraryIsAskedAllTheSame) {
+    MakeOwn(L"fyhz\\a.fyt");
+    views.onPicker = [](QsUi::IPickerDialog& dialog) { return !dialog.Confirm(0); };
+    EXPECT_EQ(QsUi::PickTemplate(&views, QsUi::FeeSummary, u"", u"", false, 0), OwnPath(u"fyhz\\a.fyt"));
+    EXPECT_EQ(Calls(),
+              std::vector<std::wstring>{L"path" + std::to_wstring(LibraryPath_FeeTemplate) + L"[][][]"});
+}
+
+TEST_F(TemplatePicker, AFileInThePlaceOfTheUsersFolderDoesNoHarm) {
+    MakeOwn(L"fyhz");
+    EXPECT_TRUE(Listed(0).empty());
+    EXPECT_FALSE(QsPlatform::IsFolder(OwnPath(u"fyhz")));
+}
+
+// --- Source texts of other installations
+
+TEST(TemplateSources, RelativePartsOfTheExecutablesFolderAreCutAsTheyResolve) {
+    const QsUi::TemplateSources sources(
+        QsUi::TemplateRoots{u"7.1", u"C:\\a\\..\\product\\", u"C:\\Library\\"});
+    const CString source = sources.OwnSource(u"C:\\product\\own\\x.fyt");
+    EXPECT_EQ(source, u"墨衡造价V7.1\\own\\x.fyt");
+    EXPECT_EQ(sources.PathBehind(source), u"C:\\a\\..\\product\\own\\x.fyt")
+        << "the way back begins with the folder as it is";
+}
+
+TEST(TemplateSources, AFolderThatCantBeResolvedCountsForTheUsersTemplatesAlone) {
+    const QsUi::TemplateSources sources(QsUi::TemplateRoots{u"7.1", u"C:\\.\\product\\", u"C:\\Library\\"});
+    EXPECT_THROW(sources.OwnSource(u"C:\\product\\x.fyt"), std::out_of_range);
+    EXPECT_EQ(sources.LibrarySource(u"C:\\Library\\x.fyt"), u"墨衡清单定额库\\x.fyt");
+    EXPECT_EQ(sources.PathBehind(u"墨衡清单定额库\\x.fyt"), u"C:\\Library\\x.fyt");
+    EXPECT_EQ(sources.PathBehind(u"墨衡造价V7.1\\x.fyt"), u"C:\\.\\product\\x.fyt");
+}
+
+TEST(TemplateSources, WithoutALibraryRootTheWholePathIsTheRelativePart) {
+    const QsUi::TemplateSources sources(QsUi::TemplateRoots{u"7.1", u"C:\\product\\", u""});
+    const CString source = sources.LibrarySource(u"C:\\work\\费用汇总模板\\x.fyt");
+    EXPECT_EQ(source, u"墨衡清单定额库\\C:\\work\\费用汇总模板\\x.fyt");
+    EXPECT_EQ(sources.PathBehind(source), u"C:\\work\\费用汇总模板\\x.fyt");
+}
+
+TEST(TemplateSources, APathThatIsShorterThanItsRootLeavesNothing) {
+    const QsUi::TemplateSources sources(QsUi::TemplateRoots{u"", u"C:\\product\\", u"C:\\Library\\"});
+    EXPECT_EQ(sources.OwnSource(u"C:\\x"), u"墨衡造价V\\");
+    EXPECT_EQ(sources.LibrarySource(u"C:\\x"), u"墨衡清单定额库\\");
+    EXPECT_EQ(sources.PathBehind(u"墨衡造价V\\"), u"C:\\product\\");
 }
 
 TEST_F(TemplatePicker, TwoFixedFilesStandBesideTheExecutable) {

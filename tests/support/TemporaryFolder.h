@@ -15,12 +15,13 @@
 
 class TemporaryFolder {
 public:
-    TemporaryFolder() {
+    TemporaryFolder() : TemporaryFolder(std::filesystem::temp_directory_path()) {}
+    explicit TemporaryFolder(const std::filesystem::path& parent) {
         static std::atomic<unsigned> count{0};
         const auto moment = std::chrono::steady_clock::now().time_since_epoch().count();
         do {
-            m_path = std::filesystem::temp_directory_path() /
-                     ("qsutils-" + std::to_string(moment) + "-" + std::to_string(count.fetch_add(1)));
+            m_path =
+                parent / ("qsutils-" + std::to_string(moment) + "-" + std::to_string(count.fetch_add(1)));
         } while (!std::filesystem::create_directory(m_path));
     }
     TemporaryFolder(const TemporaryFolder&) = delete;

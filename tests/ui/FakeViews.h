@@ -2,6 +2,7 @@
 // test.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <string>
@@ -23,7 +24,11 @@ public:
         : dialog(owner), calls(log) {}
     ~FakeTipWindow() override { calls.emplace_back("destroy"); }
 
-    void Run(const std::function<void()>& work) override { work(); }
+    bool Run(const std::function<void()>& work) override {
+        if (isAlive)
+            work();
+        return isAlive;
+    }
     /// Ten pixels a unit, and lines of twenty.
     int Measure(std::u16string_view text, CRect& rect) override {
         rect.right = rect.left + 10 * static_cast<int>(text.size());
@@ -33,7 +38,9 @@ public:
     CRect WindowRect() const override { return window; }
     CRect ClientRect() const override { return CRect(0, 0, window.Width(), window.Height()); }
     void Place(int left, int top, int width, int height) override {
-        window = CRect(left, top, left + width, top + height);
+        placed = {left, top, width, height};
+        window = CRect(left, top, static_cast<int>(std::int64_t{left} + width),
+                       static_cast<int>(std::int64_t{top} + height));
         calls.emplace_back("place");
     }
     bool IsVisible() const override { return isVisible; }
@@ -58,7 +65,9 @@ public:
     QsUi::ITipDialog& dialog;
     std::vector<std::string>& calls;
     CRect window{100, 200, 379, 246};
+    std::vector<int> placed;
     bool isVisible = false;
+    bool isAlive = true;
     unsigned int timer = 0;
 };
 

@@ -1,4 +1,5 @@
 // The folder browser's dialog behind a fake browser.
+#include <new>
 #include <string>
 #include <vector>
 
@@ -107,6 +108,44 @@ TEST(FolderDialog, ThePathsOfTheLongestLengthFit) {
     EXPECT_EQ(QsUi::SelectFolder(&views), longest.path);
     views.chosen = &tooLong;
     EXPECT_EQ(QsUi::SelectFolder(&views), u"");
+}
+
+TEST(FolderDialog, TheWindowIsThatOfTheLastCallAndNoneAfterwards) {
+    FakeViews views;
+    CFolderDialog dialog(&views);
+    views.onBrowse = [&] {
+        dialog.m_hWnd = nullptr;
+        views.Tell(static_cast<FolderBrowserMessage>(4), nullptr);
+        EXPECT_EQ(dialog.m_hWnd, &views) << "whatever the message";
+    };
+    dialog.DoModal();
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
+}
+
+TEST(FolderDialog, TheChoiceCountsAndNotWhatWasLookedAt) {
+    FakeViews views;
+    const FakeFolder looked{u"\\looked at"};
+    const FakeFolder folder{u"\\chosen"};
+    views.chosen = &folder;
+    CFolderDialog dialog(&views);
+    views.onBrowse = [&] { views.Tell(FolderBrowserMessage::SelChanged, &looked); };
+    EXPECT_EQ(dialog.DoModal(), QsUi::IdOk);
+    EXPECT_EQ(dialog.GetSelectedPath(), u"\\chosen");
+}
+
+TEST(FolderDialog, WithoutMemoryTheBrowserGoesOn) {
+    struct Failing : CFolderDialog {
+        using CFolderDialog::CFolderDialog;
+        void OnInitialized() override { throw std::bad_alloc(); }
+        void OnSelChanged(QsUi::FolderItem) override { throw std::bad_alloc(); }
+    };
+    FakeViews views;
+    const FakeFolder folder{u"\\chosen"};
+    views.chosen = &folder;
+    Failing dialog(&views);
+    views.onBrowse = [&] { EXPECT_EQ(views.Tell(FolderBrowserMessage::SelChanged, &folder), 0); };
+    EXPECT_EQ(dialog.DoModal(), QsUi::IdOk);
+    EXPECT_EQ(dialog.GetSelectedPath(), u"\\chosen");
 }
 
 TEST(FolderDialog, WithoutViewsItAnswersAsIfCancelled) {

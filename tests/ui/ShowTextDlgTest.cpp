@@ -1,4 +1,5 @@
 // The tip's dialog behind a fake window.
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -170,6 +171,62 @@ TEST_F(Tip, TheWindowGoesOnceAndComesAgainWhenNeeded) {
     dialog.CloseWindowNow();
     dialog.ShowWindowDelay(0);
     EXPECT_EQ(views.tipsMade, 2);
+}
+
+TEST_F(Tip, AColourCountsAtTheNextPaintingAlone) {
+    dialog.SetShowText(u"x");
+    RecordingPainter before;
+    dialog.OnPaint(before);
+    dialog.SetTextColor(0x123456);
+    RecordingPainter after;
+    dialog.OnPaint(after);
+    EXPECT_EQ(before.calls.back(), "text 4,2 16711680 1");
+    EXPECT_EQ(after.calls.back(), "text 4,2 " + std::to_string(0x123456) + " 1");
+    EXPECT_EQ(after.calls.front(), before.calls.front()) << "the other colour stays";
+}
+
+TEST_F(Tip, TheLongestDelayIsADelay) {
+    dialog.ShowWindowDelay(std::numeric_limits<unsigned int>::max());
+    EXPECT_EQ(Taken(), Calls{"start 4294967295"});
+}
+
+TEST_F(Tip, PlacesAtTheEndOfAllNumbersAreTaken) {
+    using Side = std::numeric_limits<CRect::Side>;
+    dialog.SetShowText(u"abc");
+    dialog.SetWindowPosition({Side::max(), Side::max()});
+    EXPECT_EQ(views.tip->placed, (std::vector<int>{Side::max(), Side::max() - 26, 38, 24}));
+    dialog.SetWindowPosition({Side::min(), Side::min()});
+    EXPECT_EQ(views.tip->placed, (std::vector<int>{Side::min(), Side::min(), 38, 24}));
+}
+
+TEST_F(Tip, RectanglesOfAnySizeAreComparedByTheirWidth) {
+    using Side = std::numeric_limits<CRect::Side>;
+    dialog.SetShowText(u"abc");
+    EXPECT_FALSE(dialog.IsTextLonger(CRect(0, 0, Side::max(), 0)));
+    EXPECT_FALSE(dialog.IsTextLonger(CRect(Side::min(), 0, Side::max(), 0)));
+    EXPECT_TRUE(dialog.IsTextLonger(CRect(Side::max(), 0, Side::min(), 0)));
+    EXPECT_TRUE(dialog.IsTextLonger(CRect(0, 0, Side::min(), 0)));
+    EXPECT_EQ(CRect(Side::min(), Side::max(), Side::max(), Side::min()).Width(), -1);
+    EXPECT_EQ(CRect(Side::min(), Side::max(), Side::max(), Side::min()).Height(), 1);
+}
+
+TEST_F(Tip, WhatItIsToldWhenItsWindowIsGoneIsKept) {
+    dialog.SetShowText(u"abc");
+    views.tip->isAlive = false;
+    Taken();
+    dialog.SetTextColor(1);
+    dialog.SetBackgroundColor(2);
+    dialog.SetShowText(u"d");
+    dialog.SetWindowPosition({1, 2});
+    dialog.ShowWindowDelay(0);
+    dialog.CloseWindowNow();
+    EXPECT_EQ(Taken(), Calls{});
+    EXPECT_TRUE(dialog.IsTextLonger(CRect(0, 0, 34, 0))) << "as last measured";
+    EXPECT_FALSE(dialog.IsTextLonger(CRect(0, 0, 35, 0)));
+    views.tip->isAlive = true;
+    RecordingPainter painter;
+    dialog.OnPaint(painter);
+    EXPECT_EQ(painter.calls, (Calls{"fill 58x24 2", "text 4,2 1 1"}));
 }
 
 TEST_F(Tip, WithoutViewsOrWindowItKeepsTheTextAndDoesNothing) {

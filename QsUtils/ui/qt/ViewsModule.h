@@ -12,7 +12,7 @@ namespace QsUi::ViewsModule {
 inline constexpr std::u16string_view FileName = u"qsutils-1\\QsUtilsQt.so";
 
 /// Grows with every change of the contract in Views.h.
-inline constexpr int Version = 1;
+inline constexpr int Version = 2;
 inline constexpr int ReasonBuffer = 256;
 
 /// The function that the module exports, as `EntryName`. Gives its views, which are good until the module is

@@ -64,6 +64,13 @@ private:
     HWND m_window = nullptr;
 };
 
+/// Whether the host has told this thread to quit; the browser then closes by itself, and may give what was
+/// the current folder although nobody has chosen it.
+bool IsThreadToQuit() noexcept {
+    MSG message{};
+    return ::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE) != 0;
+}
+
 }  // namespace
 
 FolderItem BrowseForFolder(const FolderBrowseInfo& info) {
@@ -79,7 +86,11 @@ FolderItem BrowseForFolder(const FolderBrowseInfo& info) {
     parameters.ulFlags = info.flags;
     parameters.lpfn = BrowserWindow::OnMessage;
     parameters.lParam = reinterpret_cast<LPARAM>(&browser);
-    return ::SHBrowseForFolderW(&parameters);
+    const FolderItem chosen = ::SHBrowseForFolderW(&parameters);
+    if (!IsThreadToQuit())
+        return chosen;
+    FreeFolder(chosen);
+    return nullptr;
 }
 
 bool GetFolderPath(FolderItem item, char16_t* buffer) {

@@ -14,10 +14,12 @@
 
 namespace QsUi {
 
+// The system's own result may be that of the first button when the host quits meanwhile.
 bool PickerView::Run() {
     const CommonControls controls;
-    return ::DialogBoxParamW(QsPlatform::OwnModule(), MAKEINTRESOURCEW(IDD_SELECT_TEMPLATE),
-                             ::GetActiveWindow(), OnMessage, reinterpret_cast<LPARAM>(this)) == IdOk;
+    ::DialogBoxParamW(QsPlatform::OwnModule(), MAKEINTRESOURCEW(IDD_SELECT_TEMPLATE), ::GetActiveWindow(),
+                      OnMessage, reinterpret_cast<LPARAM>(this));
+    return m_isConfirmed;
 }
 
 // Memory exhaustion must not pass through the system's code; what was to be done then isn't done.
@@ -69,11 +71,13 @@ void PickerView::OnNotify(NMHDR& header) {
 
 void PickerView::Confirm() {
     const std::optional<InformationMessage> message = m_dialog.Confirm(m_list.CurrentRow());
-    if (message)
+    if (message) {
         ::MessageBoxW(m_window, SystemText(message->text).c_str(), SystemText(message->caption).c_str(),
                       MB_OK | MB_ICONINFORMATION);
-    else
-        ::EndDialog(m_window, IdOk);
+        return;
+    }
+    m_isConfirmed = true;
+    ::EndDialog(m_window, IdOk);
 }
 
 }  // namespace QsUi

@@ -15,7 +15,8 @@ public:
     PickerView& operator=(const PickerView&) = delete;
 
     /// Shows the dialog above the thread's active window until the user ends it; whether it was confirmed.
-    /// False as well when it can't be shown.
+    /// False as well when it can't be shown, and when the thread is told to quit meanwhile, which it still
+    /// is.
     bool Run();
 
 private:
@@ -29,6 +30,7 @@ private:
     IPickerDialog& m_dialog;
     TemplateList m_list;
     HWND m_window = nullptr;
+    bool m_isConfirmed = false;
 };
 
 }  // namespace QsUi

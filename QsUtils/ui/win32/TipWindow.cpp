@@ -69,9 +69,10 @@ DWORD TipWindow::Thread() const noexcept {
 
 // --- Work
 
-void TipWindow::Run(const std::function<void()>& work) {
+bool TipWindow::Run(const std::function<void()>& work) {
     if (Thread() == ::GetCurrentThreadId() || !RunOnOtherThread(work))
         work();
+    return true;
 }
 
 bool TipWindow::RunOnOtherThread(const std::function<void()>& work) noexcept {

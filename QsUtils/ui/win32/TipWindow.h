@@ -20,7 +20,7 @@ public:
 
     bool IsMade() const noexcept { return Window() != nullptr; }
 
-    void Run(const std::function<void()>& work) override;
+    bool Run(const std::function<void()>& work) override;
     int Measure(std::u16string_view text, CRect& rect) override;
     CRect WindowRect() const override;
     CRect ClientRect() const override;

@@ -1,9 +1,11 @@
 // The windowed host on the public header alone, with a user made of code.
 #include <QAction>
 #include <QApplication>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTest>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include <QsUtils/QsUtils.h>
@@ -73,6 +75,27 @@ TEST_F(Desktop, ALongCellShowsTheTipAndLeavingItHidesIt) {
     EXPECT_FALSE(IsTipShown());
     QTest::qWait(600);
     EXPECT_FALSE(IsTipShown()) << "a short cell has none";
+}
+
+TEST_F(Desktop, MovingTheTableHidesTheTip) {
+    window.resize(400, 300);
+    for (QScrollBar* const bar : {window.Table().horizontalScrollBar(), window.Table().verticalScrollBar()}) {
+        window.Table().ShowTip(1, 1);
+        EXPECT_TRUE(QTest::qWaitFor(IsTipShown));
+        ASSERT_GT(bar->maximum(), 0);
+        bar->setValue(bar->maximum());
+        EXPECT_FALSE(IsTipShown());
+        bar->setValue(0);
+    }
+}
+
+TEST_F(Desktop, ABillMayBeginWithTheMarkOfASpreadsheet) {
+    const QString file = QString::fromStdString((folder / "bill.csv").string());
+    std::ofstream(folder / "bill.csv") << "\xEF\xBB\xBF编码,名称\n010101,\"平整, 场地\"\n";
+    const ::Desktop::Bill bill = ::Desktop::ReadBill(file);
+    EXPECT_EQ(bill.columns, (QStringList{QStringLiteral("编码"), QStringLiteral("名称")}));
+    ASSERT_EQ(bill.rows.size(), 1);
+    EXPECT_EQ(Robot::Utf8(bill.rows[0][1]), "平整, 场地");
 }
 
 TEST_F(Desktop, EveryKindOfTemplateOpensItsPicker) {

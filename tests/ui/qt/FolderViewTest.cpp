@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QTest>
 #include <QTreeView>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -103,6 +104,85 @@ TEST(FolderView, APathThatDoesntFitIsNone) {
     root.Write(name + "f", "");
     CFolderDialog dialog(&views, FromNativePath(root.File(name.substr(0, name.size() - 1))));
     EXPECT_EQ(UseView(dialog, [](QWidget* view) { Robot::Click(view, "confirm"); }), QsUi::IdCancel);
+}
+
+TEST(FolderView, ThePathsOfTheLongestLengthFit) {
+    const TemporaryFolder root;
+    const std::size_t above = FromNativePath(root.Path()).View().size() + 1;
+    for (const std::size_t length : {std::size_t{259}, std::size_t{260}}) {
+        std::string name = std::string(100, 'x') + "/";
+        name += std::string(length - above - name.size(), 'y');
+        root.Write(name + "/f", "");
+        ASSERT_EQ(root.Text(name).View().size(), length);
+        CFolderDialog dialog(&views, root.Text(name));
+        const int end = UseView(dialog, [](QWidget* view) { Robot::Click(view, "confirm"); });
+        EXPECT_EQ(end, length == 259 ? QsUi::IdOk : QsUi::IdCancel);
+        EXPECT_EQ(dialog.GetSelectedPath(), length == 259 ? root.Text(name) : CString());
+    }
+}
+
+TEST(FolderView, CancellingForgetsWhatWasSelected) {
+    const TemporaryFolder root;
+    root.Write("a/x", "");
+    root.Write("b/x", "");
+    CFolderDialog dialog(&views, root.Text("a"));
+    EXPECT_EQ(UseView(dialog,
+                      [&](QWidget* view) {
+                          Robot::GoToFolder(view, root.File("b").string());
+                          EXPECT_EQ(dialog.GetSelectedPath(), root.Text("b"));
+                          Robot::Press(view, Qt::Key_Escape);
+                      }),
+              QsUi::IdCancel);
+    EXPECT_EQ(dialog.GetSelectedPath(), root.Text("a"));
+}
+
+TEST(FolderView, AFolderWhoseNameCantBeWrittenHasNoPath) {
+    const TemporaryFolder root;
+    std::filesystem::create_directory(root.File("a\\b"));
+    root.Write("a/b/x", "");
+    CFolderDialog dialog(&views, FromNativePath(root.Path()));
+    EXPECT_EQ(UseView(dialog,
+                      [&](QWidget* view) {
+                          Robot::GoToFolder(view, root.File("a\\b").string());
+                          EXPECT_EQ(Robot::Utf8(CurrentFolder(view)), "a\\b");
+                          EXPECT_EQ(Robot::StatusText(view), "");
+                          Robot::Click(view, "confirm");
+                      }),
+              QsUi::IdCancel);
+    EXPECT_EQ(dialog.GetSelectedPath(), u"");
+}
+
+TEST(FolderView, AHiddenInitialFolderIsShown) {
+    const TemporaryFolder root;
+    root.Write(".templates/own/x", "");
+    CFolderDialog dialog(&views, root.Text(".templates/own"));
+    EXPECT_EQ(UseView(dialog, [](QWidget* view) { Robot::Press(view, Qt::Key_Return); }), QsUi::IdOk);
+    EXPECT_EQ(dialog.GetSelectedPath(), root.Text(".templates/own"));
+}
+
+TEST(FolderView, TheDialogsOperationsAreCalled) {
+    struct Watching : CFolderDialog {
+        using CFolderDialog::CFolderDialog;
+        void OnInitialized() override {
+            calls += "i";
+            CFolderDialog::OnInitialized();
+        }
+        void OnSelChanged(QsUi::FolderItem item) override {
+            calls += "s";
+            CFolderDialog::OnSelChanged(item);
+        }
+        std::string calls;
+    };
+    const TemporaryFolder root;
+    root.Write("a/x", "");
+    Watching dialog(&views, root.Text("a"));
+    UseView(dialog, [&](QWidget* view) {
+        EXPECT_EQ(dialog.calls, "is");
+        Robot::GoToFolder(view, root.Path().string());
+        EXPECT_EQ(dialog.calls, "iss");
+        Robot::Press(view, Qt::Key_Escape);
+    });
+    EXPECT_EQ(dialog.calls, "iss") << "the end tells nothing";
 }
 
 TEST(FolderView, ItHasTheStatedTexts) {

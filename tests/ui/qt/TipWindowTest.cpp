@@ -4,6 +4,7 @@
 #include <QTest>
 #include <QTimer>
 #include <atomic>
+#include <limits>
 #include <string>
 #include <thread>
 
@@ -117,6 +118,88 @@ TEST_F(TipView, ItIsPaintedWithItsColoursAndAFrame) {
     EXPECT_TRUE(hasRed);
     for (int y = 0; y < image.height(); ++y)
         EXPECT_NE(image.pixelColor(2, y), QColor(255, 0, 0)) << "the text begins 4 pixels from the left";
+}
+
+TEST_F(TipView, ASecondDelayReplacesTheFirst) {
+    dialog.ShowWindowDelay(20);
+    dialog.ShowWindowDelay(3'600'000);
+    QTest::qWait(80);
+    EXPECT_FALSE(IsShown());
+    dialog.ShowWindowDelay(1);
+    EXPECT_TRUE(QTest::qWaitFor(IsShown));
+}
+
+TEST_F(TipView, NoDelayCancelsTheOneThatIsRunning) {
+    dialog.ShowWindowDelay(20);
+    dialog.ShowWindowDelay(0);
+    EXPECT_TRUE(IsShown());
+    TipWidget()->hide();  // as nobody does, to see that nothing shows it again
+    QTest::qWait(80);
+    EXPECT_FALSE(IsShown());
+}
+
+TEST_F(TipView, TheLongestDelaysAreDelays) {
+    for (const unsigned int delay : {0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) {
+        dialog.ShowWindowDelay(delay);
+        QTest::qWait(30);
+        EXPECT_FALSE(IsShown()) << delay;
+    }
+}
+
+TEST_F(TipView, AQuestionAndAClosingMakeNoWindow) {
+    dialog.CloseWindowNow();
+    dialog.SetTextColor(1);
+    EXPECT_FALSE(dialog.IsTextLonger(CRect(0, 0, 5, 5)));
+    EXPECT_TRUE(dialog.IsTextLonger(CRect(0, 0, 4, 5)));
+    EXPECT_EQ(TipWidget(), nullptr);
+}
+
+TEST_F(TipView, PlacesAtTheEndOfAllNumbersDoNoHarm) {
+    using Side = std::numeric_limits<CRect::Side>;
+    dialog.SetShowText(u"x");
+    const QSize size = TipWidget()->size();
+    dialog.ShowWindowDelay(0);
+    for (const CRect::Side each : {Side::max(), Side::min()}) {
+        dialog.SetWindowPosition({each, each});
+        EXPECT_EQ(TipWidget()->size(), size);
+        EXPECT_EQ(TipWidget()->x() > 0, each > 0);
+    }
+    dialog.SetWindowPosition({10, 100});
+    EXPECT_EQ(TipWidget()->pos(), QPoint(10, 100 - size.height() - 2));
+}
+
+TEST_F(TipView, TextsOfAnyUnitsAreMeasuredAndPainted) {
+    const std::u16string texts[] = {std::u16string(u"a\0b", 3),
+                                    std::u16string(1, char16_t{0xD842}),
+                                    std::u16string(1, char16_t{0xDFB7}) + u"x",
+                                    u"\U00020BB7野家",
+                                    std::u16string(3, u'\0'),
+                                    std::u16string(1, char16_t{0xFFFF})};
+    for (const std::u16string& text : texts) {
+        dialog.SetShowText(CString(text));
+        EXPECT_EQ(TipWidget()->height(), TipWidget()->fontMetrics().height() + 4);
+        EXPECT_EQ(TipWidget()->width(), dialog.m_rcText.Width() + 8);
+        dialog.ShowWindowDelay(0);
+        EXPECT_FALSE(TipWidget()->grab().isNull());
+    }
+    dialog.SetShowText(CString(texts[0]));
+    const int withNul = dialog.m_rcText.Width();
+    dialog.SetShowText(u"a");
+    EXPECT_GT(withNul, dialog.m_rcText.Width()) << "a NUL ends no text";
+}
+
+TEST_F(TipView, AVeryLongTextIsMeasuredAndShown) {
+    dialog.SetShowText(u"砖");
+    const int one = dialog.m_rcText.Width();
+    dialog.SetShowText(CString(u'砖', 100'000));
+    EXPECT_EQ(dialog.m_rcText.Width(), 100'000 * one);
+    EXPECT_TRUE(dialog.IsTextLonger(CRect(0, 0, 1'000'000, 20)));
+    dialog.SetWindowPosition({10, 100});
+    dialog.ShowWindowDelay(0);
+    EXPECT_TRUE(IsShown());
+    QTest::qWait(20);
+    dialog.SetShowText(u"砖");
+    EXPECT_EQ(TipWidget()->width(), one + 8);
 }
 
 TEST_F(TipView, OtherThreadsMayUseIt) {

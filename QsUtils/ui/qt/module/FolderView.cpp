@@ -87,8 +87,11 @@ void FolderView::Initialize() {
         m_tree->setCurrentIndex(m_folders.index(QDir::homePath()));
 }
 
+/// Of a name with a backslash a path in the library's form would lead elsewhere; such a folder has none.
 FolderChoice FolderView::Choice() const {
     const QString path = m_folders.filePath(m_tree->currentIndex());
+    if (path.contains(QLatin1Char('\\')))
+        return {};
     return {QString(path).replace(QLatin1Char('/'), QLatin1Char('\\')).toStdU16String()};
 }
 

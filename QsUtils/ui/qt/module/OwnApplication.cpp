@@ -101,7 +101,9 @@ void RunApplication(Starting& starting) {
     }
     const bool isMade = QCoreApplication::instance() != nullptr;
     starting.end.release();
-    while (isMade)
+    if (!isMade)
+        return;
+    for (;;)
         QApplication::exec();  // a host can't end it
 }
 

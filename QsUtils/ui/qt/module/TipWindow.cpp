@@ -115,12 +115,15 @@ void TipWindow::MakeWidget() {
     RemoveTipsWithApplication();
 }
 
-void TipWindow::Run(const std::function<void()>& work) {
+bool TipWindow::Run(const std::function<void()>& work) {
+    if (!UiThread::IsAlive())
+        return false;
     UiThread::Run([&] {
         MakeWidget();
         if (Widget() != nullptr)
             work();
     });
+    return true;
 }
 
 int TipWindow::Measure(std::u16string_view text, CRect& rect) {
@@ -145,7 +148,9 @@ CRect TipWindow::ClientRect() const {
 }
 
 void TipWindow::Place(int left, int top, int width, int height) {
-    Widget()->setGeometry(left, top, width, height);
+    // Qt adds the one to the other.
+    const auto within = [](int number) { return std::clamp(number, -QWIDGETSIZE_MAX, QWIDGETSIZE_MAX); };
+    Widget()->setGeometry(within(left), within(top), within(width), within(height));
 }
 
 bool TipWindow::IsVisible() const {

@@ -36,8 +36,7 @@ private:
     QTimer m_timer;
 };
 
-/// Does nothing once the application has gone, and the widget with it; another application gets another
-/// widget.
+/// The widget goes with the application; another application gets another widget.
 class TipWindow : public QsUi::ITipWindow {
 public:
     TipWindow(QsUi::ITipDialog& dialog, const QsUi::TipFont& font);
@@ -45,7 +44,7 @@ public:
     TipWindow& operator=(const TipWindow&) = delete;
     ~TipWindow() override;
 
-    void Run(const std::function<void()>& work) override;
+    bool Run(const std::function<void()>& work) override;
     int Measure(std::u16string_view text, CRect& rect) override;
     CRect WindowRect() const override;
     CRect ClientRect() const override;

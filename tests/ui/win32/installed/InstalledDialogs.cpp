@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <shlobj.h>
 
+#include "tests/support/TemporaryFolder.h"
 #include "tests/ui/win32/views/FakeTip.h"
 #include "tests/ui/win32/views/OpenDialog.h"
 
@@ -107,7 +108,8 @@ TEST(InstalledDialogs, WithoutARowTheUserIsToldAndCanCancel) {
 }
 
 TEST(InstalledDialogs, AFolderIsSelected) {
-    const CString folder = FromNativePath(OwnFolder() / L"Library");
+    const TemporaryFolder chosen(FolderOfBrowsers());
+    const CString folder = FromNativePath(chosen.Path());
     DialogDriver driver(L"", [&](HWND window) {
         const std::wstring path = folder.ToWide();
         EXPECT_TRUE(Eventually([&] {  // it may not have been filled yet

@@ -37,12 +37,14 @@ public:
         }
         CFolderDialog::OnBrowseCallback(window, message, item);
         const std::lock_guard lock(m_mutex);
-        m_current = m_strSelectedPath;
+        if (message == QsUi::FolderBrowserMessage::SelChanged)
+            m_current = m_strSelectedPath;
     }
     std::vector<int> Messages() {
         const std::lock_guard lock(m_mutex);
         return m_messages;
     }
+    /// Whether that is what the browser has told last.
     bool IsCurrent(const CString& path) {
         const std::lock_guard lock(m_mutex);
         return m_current == path;
@@ -67,7 +69,7 @@ protected:
         ::SendMessageW(browser, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(path.ToWide().c_str()));
     }
 
-    TemporaryFolder folder;
+    TemporaryFolder folder{FolderOfBrowsers()};
 };
 
 TEST_F(FolderBrowserView, BeginsInTheInitialFolderAndGivesItBack) {
@@ -115,6 +117,71 @@ TEST_F(FolderBrowserView, CancellingGivesNothing) {
     EXPECT_EQ(browser.DoModal(), 2);
     driver.Join();
     EXPECT_EQ(browser.GetSelectedPath(), Path("b"));
+}
+
+TEST_F(FolderBrowserView, CancellingForgetsWhatWasSelected) {
+    WatchedBrowser browser(Views(), Path("b"));
+    DialogDriver driver(L"", [&](HWND window) {
+        EXPECT_TRUE(Eventually([&] {
+            Select(window, Path("一"));
+            return browser.IsCurrent(Path("一"));
+        }));
+        PressKey(window, VK_ESCAPE);
+        EXPECT_TRUE(WaitForEnd(window));
+    });
+    EXPECT_EQ(browser.DoModal(), 2);
+    driver.Join();
+    EXPECT_EQ(browser.GetSelectedPath(), Path("b"));
+}
+
+TEST_F(FolderBrowserView, AChoiceWithoutAPathIsNone) {
+    WatchedBrowser browser(Views(), Path("b"));
+    DialogDriver driver(L"", [&](HWND window) {
+        EXPECT_TRUE(Eventually([&] { return browser.IsCurrent(Path("b")); }));
+        LPITEMIDLIST computer = nullptr;
+        ASSERT_EQ(::SHGetSpecialFolderLocation(nullptr, CSIDL_DRIVES, &computer), S_OK);
+        EXPECT_TRUE(Eventually([&] {
+            ::SendMessageW(window, BFFM_SETSELECTIONW, FALSE, reinterpret_cast<LPARAM>(computer));
+            return browser.IsCurrent(u"");
+        }));
+        ::CoTaskMemFree(computer);
+        EXPECT_TRUE(Eventually([&] { return HasText(window, L""); }));
+        EXPECT_FALSE(HasText(window, QsUi::ShortenedForStatus(Path("b")).ToWide()));
+        // Pressed as if it could be: the system's button can't, which is its way to say the same.
+        ::SendMessageW(window, BFFM_ENABLEOK, 0, TRUE);
+        PressButton(window, IDOK);
+        EXPECT_TRUE(WaitForEnd(window));
+    });
+    EXPECT_EQ(browser.DoModal(), 2);
+    driver.Join();
+    EXPECT_EQ(browser.GetSelectedPath(), u"");
+}
+
+TEST_F(FolderBrowserView, AHostThatQuitsCancelsItAndStillQuits) {
+    const DWORD thread = ::GetCurrentThreadId();
+    WatchedBrowser browser(Views(), Path("b"));
+    DialogDriver driver(L"", [&](HWND window) {
+        EXPECT_TRUE(Eventually([&] { return browser.IsCurrent(Path("b")); }));
+        ::PostThreadMessageW(thread, WM_QUIT, 7, 0);
+        EXPECT_TRUE(WaitForEnd(window));
+    });
+    EXPECT_EQ(browser.DoModal(), 2);
+    driver.Join();
+    MSG message{};
+    EXPECT_TRUE(::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(message.wParam, 7u);
+}
+
+TEST_F(FolderBrowserView, ThePathsOfTheLongestLengthFit) {
+    for (const std::size_t length : {std::size_t{200}, std::size_t{259}}) {
+        std::wstring path = L"C:\\" + std::wstring(100, L'x') + L"\\";
+        path += std::wstring(length - path.size(), L'y');
+        LPITEMIDLIST const list = ::SHSimpleIDListFromPath(path.c_str());
+        char16_t buffer[QsUi::FolderBrowser::PathBuffer] = u"stale";
+        EXPECT_TRUE(Views()->GetPath(list, buffer));
+        EXPECT_EQ(CString(buffer), CString(path)) << length;
+        Views()->Free(list);
+    }
 }
 
 TEST_F(FolderBrowserView, AnInitialFolderThatIsntThereDoesNoHarm) {

@@ -65,6 +65,10 @@ std::wstring TextOf(HWND window) {
     return text;
 }
 
+std::filesystem::path FolderOfBrowsers() {
+    return std::filesystem::temp_directory_path().root_path();
+}
+
 bool HasText(HWND dialog, const std::wstring& text) {
     HWND child = ::GetWindow(dialog, GW_CHILD);
     while (child != nullptr && TextOf(child) != text)

@@ -1,6 +1,7 @@
 // A modal dialog that a second thread drives while the thread of the test shows it.
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <thread>
@@ -19,6 +20,11 @@ HWND WaitForWindow(const std::wstring& title, HWND owner = nullptr);
 bool WaitForEnd(HWND window);
 
 std::wstring TextOf(HWND window);
+/// Where a test puts folders that a browser is to find. Wine's takes a folder for another one when its time
+/// has changed since the tree was filled, and at a drive's root there is none on the way whose content others
+/// change.
+std::filesystem::path FolderOfBrowsers();
+
 /// Whether a control of a dialog has that text.
 bool HasText(HWND dialog, const std::wstring& text);
 std::wstring ClassOf(HWND window);

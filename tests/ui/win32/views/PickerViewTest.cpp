@@ -1,6 +1,9 @@
 // The picker's window, driven through the message loop that shows it.
+#include <atomic>
 #include <ostream>
+#include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <windows.h>
@@ -8,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "QsUtils/platform/Geometry.h"
+#include "QsUtils/ui/win32/CommonControls.h"
 #include "QsUtils/ui/win32/DialogIds.h"
 
 #include "tests/ui/win32/views/FakePicker.h"
@@ -395,6 +399,72 @@ TEST(PickerView, WithoutAnyRowItIsOpenedAllTheSame) {
     EXPECT_FALSE(picker.Run());
     driver.Join();
     EXPECT_EQ(picker.confirmations, 1);
+}
+
+/// What windows that a thread makes look like is the host's matter again afterwards.
+TEST(PickerView, TheThreadIsLeftWithTheContextThatItHad) {
+    const auto current = [] {
+        HANDLE context = nullptr;
+        EXPECT_TRUE(::GetCurrentActCtx(&context));
+        ::ReleaseActCtx(context);
+        return context;
+    };
+    const HANDLE before = current();
+    FakePicker picker(ThreeRows());
+    DialogDriver driver(Title, [](HWND dialog) { PressButton(dialog, IDCANCEL); });
+    EXPECT_FALSE(picker.Run());
+    driver.Join();
+    EXPECT_EQ(current(), before);
+    try {
+        const QsUi::CommonControls controls;
+        throw std::runtime_error("leaving");
+    } catch (const std::runtime_error&) {
+        EXPECT_EQ(current(), before);
+    }
+}
+
+TEST(PickerView, AHostThatQuitsCancelsItAndStillQuits) {
+    const DWORD thread = ::GetCurrentThreadId();
+    FakePicker picker(ThreeRows());
+    DialogDriver driver(Title, [thread](HWND dialog) {
+        EXPECT_TRUE(SelectRow(dialog, 1));
+        ::PostThreadMessageW(thread, WM_QUIT, 7, 0);
+        EXPECT_TRUE(WaitForEnd(dialog));
+    });
+    EXPECT_FALSE(picker.Run());
+    driver.Join();
+    EXPECT_EQ(picker.confirmations, 0);
+    MSG message{};
+    EXPECT_TRUE(::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(message.wParam, 7u);
+}
+
+TEST(PickerView, TwoThreadsHaveOneEach) {
+    FakePicker first(ThreeRows());
+    FakePicker second({{u"甲", u""}, {u"乙", u""}});
+    std::atomic<bool> isTaken{false};
+    std::thread other([&] { isTaken = second.Run(); });
+    const HWND own = WaitForWindow(Title);
+    ASSERT_NE(own, nullptr);
+    std::thread user([&] {
+        HWND found = nullptr;
+        EXPECT_TRUE(Eventually([&] {  // the one that has come behind it
+            found = ::FindWindowExW(nullptr, nullptr, L"#32770", Title);
+            found = found == own ? ::FindWindowExW(nullptr, found, L"#32770", Title) : found;
+            return found != nullptr && ListOf(found) != nullptr;
+        }));
+        for (const HWND dialog : {own, found}) {
+            EXPECT_TRUE(SelectRow(dialog, 1));
+            PressButton(dialog, IDOK);
+            EXPECT_TRUE(WaitForEnd(dialog));
+        }
+    });
+    EXPECT_TRUE(first.Run());
+    other.join();
+    user.join();
+    EXPECT_TRUE(isTaken);
+    EXPECT_EQ(first.chosen, 1u);
+    EXPECT_EQ(second.chosen, 1u);
 }
 
 TEST(PickerView, TheHostsWindowCantBeUsedMeanwhile) {
