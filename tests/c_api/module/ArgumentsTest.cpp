@@ -79,7 +79,9 @@ void CallWithoutPlaces(const char*, void (*function)(Arguments...)) {
     function(Arguments{}...);
 }
 
-void CallWithoutPlaces(const char*, const char* (*)(QsStatus)) {}
+/// Those whose texts are static take nothing that could be wrong.
+template <typename... Arguments>
+void CallWithoutPlaces(const char*, const char* (*)(Arguments...)) {}
 
 /// Only where there is a text or a handle to be wrong: any number is good, and some functions wait for a
 /// user.
