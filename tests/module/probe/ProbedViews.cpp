@@ -11,7 +11,10 @@ public:
         std::puts("tip's window ends");
         std::fflush(stdout);
     }
-    void Run(const std::function<void()>& work) override { work(); }
+    bool Run(const std::function<void()>& work) override {
+        work();
+        return true;
+    }
     int Measure(std::u16string_view, CRect&) override { return 0; }
     CRect WindowRect() const override { return {}; }
     CRect ClientRect() const override { return {}; }
