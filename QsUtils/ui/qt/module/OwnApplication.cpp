@@ -1,8 +1,11 @@
 #include "QsUtils/ui/qt/module/OwnApplication.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QPixmap>
 #include <QSemaphore>
 #include <QThread>
+#include <QWidget>
 #include <atomic>
 #include <bit>
 #include <clocale>
@@ -23,6 +26,10 @@ namespace {
 std::atomic<bool> isStartedByUs{false};
 std::atomic<bool> isHeld{false};
 std::atomic<unsigned int> uses{0};
+
+/// The rests of the thread at which its end is still prepared for, whatever their number.
+constexpr unsigned int RestsOfDialog = 256;
+std::atomic<unsigned int> restsToCome{RestsOfDialog};
 
 /// How long the end of the process waits for a thread that is at work.
 constexpr int MostMillisecondsToHold = 2000;
@@ -47,6 +54,24 @@ void HoldThread() {
     isThere->tryAcquire(1, MostMillisecondsToHold);
     // Objects of that thread go on this one now, and Qt would tell the user of each.
     qInstallMessageHandler(DropMessage);
+}
+
+// Objects go at the end in the reverse order in which they came, and Qt makes some of its own at their first
+// use: the thread has to be held before any of them goes. A place in that order can be taken again but not
+// given back, so it is taken ever more rarely.
+void TakePlaceAtEnd(unsigned int occasion) {
+    if (std::has_single_bit(occasion))
+        std::atexit(HoldThread);
+}
+
+/// The thread has done what there was, and may have made objects of Qt's.
+void Rest() {
+    static unsigned int rests = 0;
+    ++rests;
+    const unsigned int toCome = restsToCome.load();
+    if (toCome != 0)
+        restsToCome.store(toCome - 1);
+    TakePlaceAtEnd(toCome != 0 ? 1 : rests);
 }
 
 /// Windows are listed under the name of the host's program.
@@ -103,6 +128,7 @@ void RunApplication(Starting& starting) {
     starting.end.release();
     if (!isMade)
         return;
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, Rest);
     for (;;)
         QApplication::exec();  // a host can't end it
 }
@@ -130,11 +156,17 @@ bool StartOwnApplication(std::u16string& reason) {
     return true;
 }
 
-// Objects go at the end in the reverse order in which they came, and Qt makes some of its own at their first
-// use. A place in that order can be taken again but not given back, so it is taken ever more rarely.
 void PrepareForEnd() {
-    if (isStartedByUs.load() && std::has_single_bit(uses.fetch_add(1) + 1))
-        std::atexit(HoldThread);
+    if (isStartedByUs.load())
+        TakePlaceAtEnd(uses.fetch_add(1) + 1);
+}
+
+void PrepareForDialog(QWidget& dialog) {
+    if (!isStartedByUs.load())
+        return;
+    dialog.grab();  // painted unseen, with what Qt makes for that
+    TakePlaceAtEnd(1);
+    restsToCome.store(RestsOfDialog);
 }
 
 bool IsOwnApplicationHeld() noexcept {

@@ -3,6 +3,8 @@
 
 #include <string>
 
+class QWidget;
+
 namespace QsQt {
 
 /// Starts an application on a thread of its own, where it runs until the process ends. At that end the thread
@@ -17,6 +19,10 @@ bool StartOwnApplication(std::u16string& reason);
 /// To be called now and then when work has been done on that thread: at the end of the process it is held in
 /// place before anything goes that Qt has made by now. Nothing happens for a host with its own application.
 void PrepareForEnd();
+
+/// To be called on that thread before a dialog is shown, during which the process may end: the thread then
+/// sees to that itself, each time that it comes to rest. Nothing happens for a host with its own application.
+void PrepareForDialog(QWidget& dialog);
 
 /// Whether the thread is held in place.
 bool IsOwnApplicationHeld() noexcept;

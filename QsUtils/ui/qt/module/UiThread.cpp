@@ -147,6 +147,7 @@ bool RunDialog(const std::function<QDialog*(QWidget* parent)>& make,
     }
     RunElsewhere([&](const std::shared_ptr<Awaited>& token) {
         QDialog* const dialog = Make(make);
+        PrepareForDialog(*dialog);
         TokenHolder* const holder = new TokenHolder(token, dialog);
         QObject::connect(dialog, &QDialog::accepted, dialog, [&, dialog] {
             isAccepted = true;
