@@ -3,6 +3,7 @@
 #pragma once
 
 #include "QsUtils/c_api/Basics.h"
+/* QsUtilsVersion, which needs no status. */
 #include "QsUtils/frame/Version.h"
 
 #if defined(__cplusplus)
