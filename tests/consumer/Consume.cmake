@@ -84,7 +84,7 @@ endif()
 # The installed host finds the module without help.
 run(${EMULATOR} ${tree}/bin/estimate${SUFFIX} --version)
 if(NOT TOOLCHAIN)
-    foreach(file IN ITEMS man/man1/estimate.1 man/zh_CN/man1/estimate.1 bash-completion/completions/estimate
+    foreach(file IN ITEMS man/man1/estimate.1.gz man/zh_CN/man1/estimate.1.gz bash-completion/completions/estimate
             zsh/site-functions/_estimate)
         if(NOT EXISTS ${tree}/share/${file})
             message(FATAL_ERROR "share/${file} is not installed")
