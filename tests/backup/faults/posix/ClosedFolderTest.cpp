@@ -2,8 +2,10 @@
 #include <filesystem>
 #include <string>
 
-#include <grp.h>
 #include <gtest/gtest.h>
+#include <linux/capability.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include "tests/backup/BackedUpProject.h"
@@ -17,28 +19,26 @@ namespace fs = std::filesystem;
 using FaultPoints::Fault;
 using FaultPoints::Plan;
 
-constexpr uid_t Nobody = 65534;
-
 const TreeOfFiles Saved = {{"plan.dwg", "the plan"}, {"a/", ""}, {"a/1.dwg", "first floor"}, {"gone", "x"}};
 const TreeOfFiles Live = {{"plan.dwg", "another plan"}, {"a/", ""}, {"a/1.dwg", std::string(9000, 'y')}};
 const std::string DataBase(40'000, 'o');
 const std::string Work(90'000, 'w');
 
-enum Result : int { AsExpected, NotOfAnotherUser, DrawingsWrong, DataBaseWrong, Left, NeverKilled, Raised };
+enum Result : int { AsExpected, RightsKept, DrawingsWrong, DataBaseWrong, Left, NeverKilled, Raised };
 
-void GiveAway(const fs::path& path) {
+/// The test goes on without root's rights: what a folder's marks forbid to its owner is forbidden to it, too.
+/// It stays the same user, for whom all folders on the way are open.
+bool GiveUpRights() {
     if (::geteuid() != 0)
-        return;
-    static_cast<void>(::lchown(path.c_str(), Nobody, Nobody));
-    if (fs::is_directory(path))
-        for (const auto& entry : fs::recursive_directory_iterator(path))
-            static_cast<void>(::lchown(entry.path().c_str(), Nobody, Nobody));
-}
-
-/// The test goes on as somebody without root's rights.
-bool BecomeNobody() {
-    return ::geteuid() != 0 || (::setgroups(0, nullptr) == 0 && ::setresgid(Nobody, Nobody, Nobody) == 0 &&
-                                ::setresuid(Nobody, Nobody, Nobody) == 0);
+        return true;
+    // Programs that are started from here would get them back.
+    for (const int right : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH}) {
+        if (::prctl(PR_CAPBSET_DROP, right) != 0)
+            return false;
+    }
+    __user_cap_header_struct process{_LINUX_CAPABILITY_VERSION_3, 0};
+    __user_cap_data_struct none[_LINUX_CAPABILITY_U32S_3] = {};
+    return ::syscall(SYS_capset, &process, none) == 0;
 }
 
 class ClosedFolder : public ::testing::Test {
@@ -47,8 +47,6 @@ protected:
         WriteBytes(m_project.DataBase(), DataBase);
         WriteTree(m_project.Graphics(), Live);
         WriteTree(m_project.BackUp(), {});
-        for (const fs::path& path : {m_project.DataBase(), m_project.Graphics(), m_project.BackUp()})
-            GiveAway(path);
         fs::permissions(m_project.Folder().Path(), fs::perms::owner_write, fs::perm_options::remove);
     }
     void TearDown() override {
@@ -82,8 +80,8 @@ protected:
         return AsExpected;
     }
     Result Try(Operation operation) const {
-        if (!BecomeNobody())
-            return NotOfAnotherUser;
+        if (!GiveUpRights())
+            return RightsKept;
         Reset();
         Carry(operation, m_project.Path());
         if (const Result result = Look(operation, false); result != AsExpected)
