@@ -66,6 +66,16 @@ std::int32_t CountOf(std::size_t count);
 /// A text of a caller's, as the rules of the interface say.
 CString TextOf(const QsChar* text, std::int32_t length);
 
+/// Such a text, for functions that pass several on.
+struct Argument {
+    const QsChar* units;
+    std::int32_t length;
+};
+
+inline CString TextOf(Argument text) {
+    return TextOf(text.units, text.length);
+}
+
 /// The number of bytes of a caller's, likewise.
 std::size_t SizeOf(const char* bytes, std::int32_t length);
 

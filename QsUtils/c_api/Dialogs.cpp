@@ -4,9 +4,20 @@
 #include "QsUtils/frame/IQsUtils.h"
 #include "QsUtils/ui/TextTip.h"
 
+using QsCApi::Argument;
 using QsCApi::Call;
 using QsCApi::Give;
 using QsCApi::TextOf;
+
+namespace {
+
+/// Lets the user pick a template by one of the functions that do so; the variant is the one of its kind.
+template <typename Function, typename... Variant>
+QsStatus Pick(Function function, Argument family, Argument section, QsString** path, Variant... variant) {
+    return Call([&] { Give(path, function(TextOf(family), TextOf(section), variant...)); }, path);
+}
+
+}  // namespace
 
 // --- Templates
 
@@ -20,52 +31,31 @@ QsStatus QsGetZhengTiReport(QsString** path) {
 
 QsStatus QsGetFeeTemplatePath(const QsChar* family, std::int32_t familyLength, const QsChar* section,
                               std::int32_t sectionLength, std::int32_t isZeroVariant, QsString** path) {
-    return Call(
-        [&] {
-            Give(path, IQsUtils::GetFeeTemplatePath(TextOf(family, familyLength),
-                                                    TextOf(section, sectionLength), isZeroVariant != 0));
-        },
-        path);
+    return Pick(IQsUtils::GetFeeTemplatePath, {family, familyLength}, {section, sectionLength}, path,
+                isZeroVariant != 0);
 }
 
 QsStatus QsGetGfsjTemplatePath(const QsChar* family, std::int32_t familyLength, const QsChar* section,
                                std::int32_t sectionLength, std::int32_t isZeroVariant, QsString** path) {
-    return Call(
-        [&] {
-            Give(path, IQsUtils::GetGfsjTemplatePath(TextOf(family, familyLength),
-                                                     TextOf(section, sectionLength), isZeroVariant != 0));
-        },
-        path);
+    return Pick(IQsUtils::GetGfsjTemplatePath, {family, familyLength}, {section, sectionLength}, path,
+                isZeroVariant != 0);
 }
 
 QsStatus QsGetCsxmTemplatePath(const QsChar* family, std::int32_t familyLength, const QsChar* section,
                                std::int32_t sectionLength, std::int32_t isZeroVariant, QsString** path) {
-    return Call(
-        [&] {
-            Give(path, IQsUtils::GetCsxmTemplatePath(TextOf(family, familyLength),
-                                                     TextOf(section, sectionLength), isZeroVariant != 0));
-        },
-        path);
+    return Pick(IQsUtils::GetCsxmTemplatePath, {family, familyLength}, {section, sectionLength}, path,
+                isZeroVariant != 0);
 }
 
 QsStatus QsGetDjzcTemplatePath(const QsChar* family, std::int32_t familyLength, const QsChar* section,
                                std::int32_t sectionLength, QsString** path) {
-    return Call(
-        [&] {
-            Give(path,
-                 IQsUtils::GetDjzcTemplatePath(TextOf(family, familyLength), TextOf(section, sectionLength)));
-        },
-        path);
+    return Pick(IQsUtils::GetDjzcTemplatePath, {family, familyLength}, {section, sectionLength}, path);
 }
 
 QsStatus QsGetReportTemplatePath(const QsChar* family, std::int32_t familyLength, const QsChar* section,
                                  std::int32_t sectionLength, std::int32_t reportType, QsString** path) {
-    return Call(
-        [&] {
-            Give(path, IQsUtils::GetReportTemplatePath(TextOf(family, familyLength),
-                                                       TextOf(section, sectionLength), reportType));
-        },
-        path);
+    return Pick(IQsUtils::GetReportTemplatePath, {family, familyLength}, {section, sectionLength}, path,
+                reportType);
 }
 
 QsStatus QsSelectFolder(QsString** path) {

@@ -3,6 +3,7 @@
 #include "QsUtils/c_api/Calls.h"
 #include "QsUtils/directory/DirectoryManager.h"
 
+using QsCApi::Argument;
 using QsCApi::Call;
 using QsCApi::Give;
 using QsCApi::TextOf;
@@ -33,18 +34,11 @@ QsStatus OfName(CString (ILibraryDirectory::*get)(const CString&), const QsChar*
     return Call([&] { Give(result, (GetLibraryDirectoryManager()->*get)(TextOf(name, length))); }, result);
 }
 
-/// A text of a caller's.
-struct Argument {
-    const QsChar* units;
-    std::int32_t length;
-};
-
 QsStatus OfKey(CString (ILibraryDirectory::*get)(const LibraryKey&), Argument family, Argument section,
                Argument item, QsString** folder) {
     return Call(
         [&] {
-            const LibraryKey key = {TextOf(family.units, family.length),
-                                    TextOf(section.units, section.length), TextOf(item.units, item.length)};
+            const LibraryKey key = {TextOf(family), TextOf(section), TextOf(item)};
             Give(folder, (GetLibraryDirectoryManager()->*get)(key));
         },
         folder);
