@@ -16,6 +16,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         target_compile_options(qsutils_compile INTERFACE -Wno-restrict)
     endif()
 endif()
+# Where several sources are compiled as one, the names of each are in sight of the next, and none of them stands in a
+# header. Both warnings are for sources that are compiled by themselves.
+if(CMAKE_UNITY_BUILD)
+    target_compile_options(qsutils_compile INTERFACE -Wno-shadow -Wno-subobject-linkage)
+endif()
 target_include_directories(qsutils_compile INTERFACE ${PROJECT_SOURCE_DIR})
 
 set(QSUTILS_SANITIZE "" CACHE STRING "Sanitizers for all targets, for instance address,undefined")

@@ -32,9 +32,10 @@ bool IsReportName(std::wstring_view name) {
     return HasEnding(name, L".txt") || HasEnding(name, L".log");
 }
 
-class Reader {
+class CatalogueReader {
 public:
-    Reader(const Disk& disk, std::wstring folder, const XmlFile& file, Catalogue& catalogue, Faults& faults)
+    CatalogueReader(const Disk& disk, std::wstring folder, const XmlFile& file, Catalogue& catalogue,
+                    Faults& faults)
         : m_disk(disk), m_folder(std::move(folder)), m_file(file), m_catalogue(catalogue), m_faults(faults) {}
 
     void ReadAll() {
@@ -157,7 +158,7 @@ std::unique_ptr<Catalogue> ReadCatalogue(const Disk& disk, const std::wstring& f
         return nullptr;
     auto catalogue = std::make_unique<Catalogue>();
     catalogue->file = std::move(path);
-    Reader(disk, folder, *file, *catalogue, faults).ReadAll();
+    CatalogueReader(disk, folder, *file, *catalogue, faults).ReadAll();
     return catalogue;
 }
 

@@ -10,9 +10,9 @@ namespace Companion {
 
 namespace {
 
-class Reader {
+class SectionReader {
 public:
-    Reader(const XmlFile& file, const std::set<std::wstring>& itemTags, Section& section)
+    SectionReader(const XmlFile& file, const std::set<std::wstring>& itemTags, Section& section)
         : m_file(file), m_itemTags(itemTags), m_section(section) {}
 
     void ReadAll() {
@@ -113,7 +113,7 @@ bool ReadSection(const Disk& disk, const std::set<std::wstring>& itemTags, Secti
     const std::unique_ptr<XmlFile> file = XmlFile::Read(disk, section.file, "Section", faults);
     if (file == nullptr)
         return false;
-    Reader(*file, itemTags, section).ReadAll();
+    SectionReader(*file, itemTags, section).ReadAll();
     return true;
 }
 

@@ -9,17 +9,9 @@
 #include "QsUtils/platform/CodePage.h"
 #include "QsUtils/platform/LocalTime.h"
 #include "QsUtils/platform/NativePath.h"
+#include "QsUtils/text/TextSearch.h"
 
 namespace QsFrame {
-
-namespace {
-
-/// What a function that takes a terminated text sees.
-std::u16string_view UpToNul(const CString& text) {
-    return text.View().substr(0, text.View().find(u'\0'));
-}
-
-}  // namespace
 
 void RecordLogInfo(const CString& text, const CString& filePath) {
     if (filePath.IsEmpty() || text.IsEmpty())
@@ -29,8 +21,8 @@ void RecordLogInfo(const CString& text, const CString& filePath) {
         throw CAtlException(CAtlException::InvalidArgument);
     std::string record;
     AppendMoment(record, *now);
-    ((record += '\t') += QsPlatform::EncodeAnsi(UpToNul(text))) += "\r\n";
-    const std::filesystem::path path = ToNativePath(CString(UpToNul(filePath)));
+    ((record += '\t') += QsPlatform::EncodeAnsi(QsText::UpToNul(text.View()))) += "\r\n";
+    const std::filesystem::path path = ToNativePath(CString(QsText::UpToNul(filePath.View())));
     QsPlatform::AppendedFile file(path);
     if (file.Opened() != QsPlatform::AppendedFile::State::Open)
         return;

@@ -15,6 +15,7 @@
 #include "QsUtils/library/CLibraryManager.h"
 #include "QsUtils/platform/CodePage.h"
 #include "QsUtils/platform/Threads.h"
+#include "QsUtils/text/TextSearch.h"
 #include "QsUtils/ui/CShowTextDlg.h"
 #include "QsUtils/ui/Toolkit.h"
 #include "QsUtils/xml/ToolTable.h"
@@ -180,8 +181,7 @@ QsUi::Toolkit& DialogToolkit() {
 
 void LogMessage(const CString& message) noexcept {
     try {
-        const std::u16string_view text = message.View();
-        const std::string line = QsPlatform::EncodeAnsi(text.substr(0, text.find(u'\0')));
+        const std::string line = QsPlatform::EncodeAnsi(QsText::UpToNul(message.View()));
         theLogWriter.With([&line](CLogWriter& writer) { writer.Write(line); });
     } catch (const std::exception&) {  // memory exhaustion: the line is lost
     }

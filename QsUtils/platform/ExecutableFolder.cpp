@@ -16,7 +16,7 @@ namespace {
 
 // The folder that was chosen, if any. A plain buffer and not a text: it stands before any code runs, and has
 // nothing to free.
-constinit Mutex lock;
+constinit Mutex choosing;
 constinit std::array<char16_t, PathBuffer> chosen{};
 
 CString WithBackslash(CString folder) {
@@ -24,7 +24,7 @@ CString WithBackslash(CString folder) {
 }
 
 CString ChosenDirectory() {
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(choosing);
     return CString(chosen.data());
 }
 
@@ -50,7 +50,7 @@ bool SetExecutableFolder(const CString& folder) {
     const CString directory = WithBackslash(full);
     if (full.IsEmpty() || directory.GetLength() >= PathBuffer || !IsFolder(directory))
         return false;
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(choosing);
     const auto end = std::copy(directory.View().begin(), directory.View().end(), chosen.begin());
     std::fill(end, chosen.end(), u'\0');
     return true;

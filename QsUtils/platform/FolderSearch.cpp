@@ -42,7 +42,7 @@ struct Subfolder {
     NativeName native;
 };
 
-bool ComesFirst(const Subfolder& a, const Subfolder& b) {
+bool IsVisitedFirst(const Subfolder& a, const Subfolder& b) {
     return StandsBefore(a.name, b.name);
 }
 
@@ -178,7 +178,7 @@ private:
         }
         if (isHere)
             WeighFind(level);
-        std::sort(level.subfolders.rbegin(), level.subfolders.rend(), ComesFirst);
+        std::sort(level.subfolders.rbegin(), level.subfolders.rend(), IsVisitedFirst);
         return level;
     }
 

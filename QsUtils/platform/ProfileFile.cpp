@@ -10,6 +10,7 @@
 #include "QsUtils/platform/FileContent.h"
 #include "QsUtils/platform/FileReplacement.h"
 #include "QsUtils/platform/ProfileText.h"
+#include "QsUtils/text/TextSearch.h"
 
 namespace QsPlatform {
 
@@ -23,7 +24,7 @@ std::u16string_view WithoutQuotes(std::u16string_view value) {
 
 /// One unit stays, even if it is a blank.
 std::u16string_view WithoutTrailingBlanks(std::u16string_view text) {
-    text = text.substr(0, text.find(u'\0'));
+    text = QsText::UpToNul(text);
     while (text.size() > 1 && text.back() == u' ')
         text.remove_suffix(1);
     return text;

@@ -4,6 +4,7 @@
 
 #include "QsUtils/platform/CodePage.h"
 #include "QsUtils/platform/Utf8.h"
+#include "QsUtils/text/TextSearch.h"
 
 namespace QsPlatform {
 
@@ -31,10 +32,6 @@ std::u16string_view Trimmed(std::u16string_view text) noexcept {
     while (!text.empty() && IsSpace(text.back()))
         text.remove_suffix(1);
     return text;
-}
-
-std::u16string_view UpToNul(std::u16string_view text) noexcept {
-    return text.substr(0, text.find(u'\0'));
 }
 
 constexpr unsigned ByteAt(std::string_view bytes, std::size_t at) noexcept {
@@ -153,16 +150,17 @@ ProfileEntry ParseProfileLine(std::u16string_view line) noexcept {
     if (line.front() == u'[') {
         // The last bracket closes, so that a name may hold brackets.
         if (const std::size_t close = line.rfind(u']'); close != std::u16string_view::npos)
-            return {Kind::Section, UpToNul(Trimmed(line.substr(1, close - 1))), {}};
+            return {Kind::Section, QsText::UpToNul(Trimmed(line.substr(1, close - 1))), {}};
     }
     const std::size_t equals = line.find(u'=');
     if (equals == std::u16string_view::npos)
-        return {Kind::Name, UpToNul(line), {}};
-    return {Kind::Value, UpToNul(Trimmed(line.substr(0, equals))), UpToNul(Trimmed(line.substr(equals + 1)))};
+        return {Kind::Name, QsText::UpToNul(line), {}};
+    return {Kind::Value, QsText::UpToNul(Trimmed(line.substr(0, equals))),
+            QsText::UpToNul(Trimmed(line.substr(equals + 1)))};
 }
 
 std::u16string_view TrimProfileName(std::u16string_view name) noexcept {
-    return Trimmed(UpToNul(name));
+    return Trimmed(QsText::UpToNul(name));
 }
 
 bool SameProfileName(std::u16string_view a, std::u16string_view b) noexcept {

@@ -3,6 +3,7 @@
 
 #include "QsUtils/platform/CodePage.h"
 #include "QsUtils/text/Segments.h"
+#include "QsUtils/text/TextSearch.h"
 
 namespace QsText {
 
@@ -15,8 +16,7 @@ std::string UnicodeToAnsi(const std::wstring& text) {
 }
 
 int GetCharCount(const CString& text) {
-    const std::u16string_view units = text.View();
-    return static_cast<int>(QsPlatform::AnsiRoundTripLength(units.substr(0, units.find(u'\0'))));
+    return static_cast<int>(QsPlatform::AnsiRoundTripLength(QsText::UpToNul(text.View())));
 }
 
 }  // namespace QsText

@@ -10,14 +10,10 @@
 
 namespace {
 
-[[noreturn]] void ThrowInvalidArgument() {
-    throw CAtlException(CAtlException::InvalidArgument);
-}
-
 /// The length of a text that the caller gives by pointer and length.
 std::size_t CheckedLength(const void* text, int length) {
     if (length < 0 || (text == nullptr && length > 0))
-        ThrowInvalidArgument();
+        throw CAtlException(CAtlException::InvalidArgument);
     return static_cast<std::size_t>(length);
 }
 

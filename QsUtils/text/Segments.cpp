@@ -157,7 +157,7 @@ CString TakeOutJxxzString(CString& text) {
 }
 
 std::wstring CStringToWstring(const CString& text) {
-    return Utf16ToWide(text.View().substr(0, text.View().find(u'\0')));
+    return Utf16ToWide(UpToNul(text.View()));
 }
 
 }  // namespace QsText

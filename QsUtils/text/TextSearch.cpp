@@ -6,8 +6,6 @@ namespace QsText {
 
 namespace {
 
-constexpr std::size_t npos = std::u16string_view::npos;
-
 /// Parts of up to this length are compared at every position: that is linear too, and quicker.
 constexpr std::size_t ShortPart = 16;
 
@@ -76,14 +74,14 @@ std::size_t FindTwoWay(std::u16string_view text, std::u16string_view part, std::
         at += period;
         known = periodic ? part.size() - period : 0;
     }
-    return npos;
+    return std::u16string_view::npos;
 }
 
 }  // namespace
 
 std::size_t FindText(std::u16string_view text, std::u16string_view part, std::size_t start) noexcept {
     if (start > text.size() || part.size() > text.size() - start)
-        return npos;
+        return std::u16string_view::npos;
     return part.size() <= ShortPart ? text.find(part, start) : FindTwoWay(text, part, start);
 }
 

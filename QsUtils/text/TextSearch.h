@@ -10,4 +10,9 @@ namespace QsText {
 /// everywhere up to the very end. Linear in the length of `text`, whatever both hold.
 std::size_t FindText(std::u16string_view text, std::u16string_view part, std::size_t start = 0) noexcept;
 
+/// What a function that takes a terminated text sees of `text`.
+constexpr std::u16string_view UpToNul(std::u16string_view text) noexcept {
+    return text.substr(0, text.find(u'\0'));
+}
+
 }  // namespace QsText

@@ -34,7 +34,7 @@ const char* ChargedOn(eExtraCost_CoefficientType type) {
     return "unknown";
 }
 
-int ExtraCosts(const ExtraCostOptions& options, const Streams& streams) {
+int ListExtraCosts(const ExtraCostOptions& options, const Streams& streams) {
     const CString library = FromUtf8(options.library);
     const CString family = FromUtf8(options.family);
     const std::list<CString>* const heights = IQsUtils1::GetOverHeightList(library, family);
@@ -99,7 +99,7 @@ void AddExtraCosts(CLI::App& app, const Streams& streams, int& status) {
     CLI::App* command = app.add_subcommand("extra-costs", words(Text::HelpExtraCosts));
     command->add_option("library", options->library, words(Text::HelpExtraCostsLibrary))->required();
     command->add_option("-f,--family", options->family, words(Text::HelpExtraCostsFamily))->required();
-    command->callback([options, &streams, &status] { status = ExtraCosts(*options, streams); });
+    command->callback([options, &streams, &status] { status = ListExtraCosts(*options, streams); });
 }
 
 void AddMarks(CLI::App& app, const Streams& streams, int& status) {

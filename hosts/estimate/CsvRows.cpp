@@ -10,7 +10,7 @@
 namespace Estimate {
 namespace {
 
-constexpr std::size_t PieceSize = 1 << 18;
+constexpr std::size_t CsvPieceSize = 1 << 18;
 
 class Reader {
 public:
@@ -123,7 +123,7 @@ private:
 CsvBreak ReadCsv(std::istream& in, Encoding encoding, const RowHandler& handler,
                  const ByteProgress& progress) {
     Reader reader(encoding, handler);
-    std::vector<char> piece(PieceSize);
+    std::vector<char> piece(CsvPieceSize);
     std::uint64_t bytes = 0;
     while (in.read(piece.data(), static_cast<std::streamsize>(piece.size())), in.gcount() > 0) {
         const auto count = static_cast<std::size_t>(in.gcount());

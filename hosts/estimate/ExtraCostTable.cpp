@@ -16,7 +16,9 @@
 namespace Estimate {
 namespace {
 
+namespace RateColumn {
 enum Column : std::size_t { Name, Rate, Code };
+}
 
 constexpr std::string_view NameHeadings[] = {"name", "extracost", "名称", "费用名称", "增加费", "增加费名称"};
 constexpr std::string_view RateHeadings[] = {"rate", "percent", "费率", "增加费率"};
@@ -69,22 +71,23 @@ public:
 
 private:
     void Take(const CsvRow& row) {
-        const std::string name(m_columns.Field(row, Name));
+        const std::string name(m_columns.Field(row, RateColumn::Name));
         const std::optional<ExtraCostKind> kind = m_charges.KindOf(name);
         if (Message reason = WhyNotCharged(name, kind); !reason.empty())
-            return Note(row.line, Name, std::move(reason));
-        const std::string_view rateText = m_columns.Field(row, Rate);
+            return Note(row.line, RateColumn::Name, std::move(reason));
+        const std::string_view rateText = m_columns.Field(row, RateColumn::Rate);
         const std::optional<std::int64_t> rate = ParseRate(rateText);
         if (!rate)
-            return Note(row.line, Rate, Say<Text::RateNoNumber>(rateText));
-        const std::string code(m_columns.Field(row, Code));
+            return Note(row.line, RateColumn::Rate, Say<Text::RateNoNumber>(rateText));
+        const std::string code(m_columns.Field(row, RateColumn::Code));
         if (Message reason = WhyNotFor(*kind, code); !reason.empty())
-            return Note(row.line, Code, std::move(reason));
+            return Note(row.line, RateColumn::Code, std::move(reason));
         // An item has one height, so the options stand in for each other.
         const std::string charge = *kind == ExtraCostKind::OverHeight ? std::string() : name;
         const auto [first, isNew] = m_lines.emplace(std::tuple(*kind, charge, code), row.line);
         if (!isNew)
-            return Note(row.line, code.empty() ? Name : Code, Say<Text::RateTwice>(first->second));
+            return Note(row.line, code.empty() ? RateColumn::Name : RateColumn::Code,
+                        Say<Text::RateTwice>(first->second));
         m_rates.push_back({*kind, name, code, *rate});
     }
 
@@ -103,7 +106,7 @@ private:
         return {};
     }
 
-    void Note(std::size_t line, std::optional<Column> column, Message reason) {
+    void Note(std::size_t line, std::optional<RateColumn::Column> column, Message reason) {
         Problem problem;
         problem.place.line = line;
         if (column) {

@@ -13,18 +13,18 @@ namespace {
 using DirectoryManager::GetLibraryDirectoryManager;
 using LibraryManager::GetLibraryManager;
 
-struct Place {
+struct SearchPlace {
     CString family;
     CString section;
     CString item;
 };
 
-CString FindBill(const Place& place, const CString& name) {
+CString FindBill(const SearchPlace& place, const CString& name) {
     return GetLibraryManager()->FindBillLibraryFile(place.family, place.section, name);
 }
 
 /// The manager knows quota libraries by their names; whoever looks at a folder sees their files.
-CString FindQuota(const Place& place, const CString& name) {
+CString FindQuota(const SearchPlace& place, const CString& name) {
     CString path = GetLibraryManager()->FindQuotaLibraryFile(place.family, place.section, name);
     if (!path.IsEmpty())
         return path;
@@ -40,25 +40,25 @@ CString FindQuota(const Place& place, const CString& name) {
     return CString();
 }
 
-CString FindDrt(const Place& place, const CString& name) {
+CString FindDrt(const SearchPlace& place, const CString& name) {
     return GetLibraryManager()->FindDrtFile(place.family, place.section, name);
 }
 
-CString FindConfig(const Place& place, const CString& name) {
+CString FindConfig(const SearchPlace& place, const CString& name) {
     return GetLibraryManager()->FindConfigFile(place.family, place.section, name);
 }
 
-CString FindSub(const Place& place, const CString& name) {
+CString FindSub(const SearchPlace& place, const CString& name) {
     return GetLibraryManager()->FindSubLibraryFile(place.family, place.section, place.item, name);
 }
 
-CString FindEnterprise(const Place& place, const CString& name) {
+CString FindEnterprise(const SearchPlace& place, const CString& name) {
     return GetLibraryManager()->GetEnterpriseBillLibraryFile(place.family, name);
 }
 
 struct Kind {
     const char* name;
-    CString (*find)(const Place& place, const CString& name);
+    CString (*find)(const SearchPlace& place, const CString& name);
 };
 
 constexpr Kind Kinds[] = {{"bill", FindBill},     {"quota", FindQuota}, {"drt", FindDrt},
@@ -89,7 +89,7 @@ std::vector<LibraryHit> Find(const LibrarySearch& search) {
     const CString name = FromUtf8(search.name);
     std::vector<LibraryHit> hits;
     for (const CString& family : FamiliesOf(search)) {
-        const Place place{family, FromUtf8(search.section), FromUtf8(search.item)};
+        const SearchPlace place{family, FromUtf8(search.section), FromUtf8(search.item)};
         for (const Kind& kind : Kinds) {
             if (!search.kind.empty() && search.kind != kind.name)
                 continue;

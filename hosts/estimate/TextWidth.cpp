@@ -15,7 +15,7 @@ struct Range {
 };
 
 // Ascending. The scattered symbols below U+2E80 that are wide only as emoji don't occur in bills.
-constexpr std::array Wide = {
+constexpr std::array WideRanges = {
     Range{0x1100, 0x115F},   Range{0x231A, 0x231B},   Range{0x2329, 0x232A},   Range{0x23E9, 0x23EC},
     Range{0x25FD, 0x25FE},   Range{0x2614, 0x2615},   Range{0x2648, 0x2653},   Range{0x26AA, 0x26AB},
     Range{0x2795, 0x2797},   Range{0x2B1B, 0x2B1C},   Range{0x2E80, 0x303E},   Range{0x3041, 0x4DBF},
@@ -37,7 +37,7 @@ bool IsIn(const Ranges& ranges, char32_t character) {
 std::size_t WidthOf(char32_t character) {
     if (character >= 0x20 && character < 0x7F)
         return 1;
-    return IsIn(Empty, character) ? 0 : IsIn(Wide, character) ? 2 : 1;
+    return IsIn(Empty, character) ? 0 : IsIn(WideRanges, character) ? 2 : 1;
 }
 
 }  // namespace

@@ -59,7 +59,7 @@ std::string Main(const std::string& lines, const std::string& attributes = {}) {
     return "<Catalogue" + attributes + ">\n" + lines + "</Catalogue>\n";
 }
 
-std::string Section(const std::string& lines) {
+std::string SectionXml(const std::string& lines) {
     return "<Section Provider=\"乙\">\n" + lines + "</Section>\n";
 }
 
@@ -122,9 +122,9 @@ TEST(CatalogueFaults, Numbers) {
                       series + "\"\n");
     }
     EXPECT_EQ(FaultsOfMain(Main("", " Series=\"2147483647\"")), "");
-    EXPECT_EQ(FaultsOfSection(Section("<Bill Name=\"规范\" File=\"a.qd\">\n"
-                                      "<Rule Count1=\"nine\" Count2=\"4\" Flag1=\"yes\" Flag2=\"1\"/>\n"
-                                      "<Rule/></Bill>\n")),
+    EXPECT_EQ(FaultsOfSection(SectionXml("<Bill Name=\"规范\" File=\"a.qd\">\n"
+                                         "<Rule Count1=\"nine\" Count2=\"4\" Flag1=\"yes\" Flag2=\"1\"/>\n"
+                                         "<Rule/></Bill>\n")),
               "北京/2012.xml:3: the Count1 of <Rule> is no whole number from 0 to 2147483647: \"nine\"\n"
               "北京/2012.xml:3: the Flag1 of <Rule> is neither \"true\" nor \"false\": \"yes\"\n"
               "北京/2012.xml:4: a second <Rule> in <Bill>\n");
@@ -257,8 +257,8 @@ TEST(CatalogueFaults, AMissingFolderIsToldOnce) {
     MemoryDisk disk;
     disk.Add(L"LibVisitor\\Catalogue.xml", Main("<Item Name=\"土建\" Tag=\"TJ\"/><Family Name=\"f\">\n"
                                                 "<Section Name=\"s\"/>\n<Section Name=\"t\"/></Family>\n"));
-    disk.Add(L"LibVisitor\\f\\s.xml", Section(two));
-    disk.Add(L"LibVisitor\\f\\t.xml", Section(two));
+    disk.Add(L"LibVisitor\\f\\s.xml", SectionXml(two));
+    disk.Add(L"LibVisitor\\f\\t.xml", SectionXml(two));
     disk.Add(L"Library\\f\\s\\");
     EXPECT_EQ(ReadFrom(disk).faults,
               "f/s.xml:2: there is no folder app/Library/清单库/f/s/乙/\n"
@@ -270,9 +270,9 @@ TEST(CatalogueFaults, AMissingFolderIsToldOnce) {
 TEST(CatalogueFaults, TheRestWorks) {
     MemoryDisk disk = Whole();
     disk.Add(L"LibVisitor\\北京\\2012.xml",
-             Section("<Bill Name=\"a\" File=\"a.qd\" Key=\"k\"><Rule Count1=\"x\" Count2=\"4\"/></Bill>\n"
-                     "<Bill Name=\"b\" File=\"b.qd\" Key=\"k\"/>\n<Bill Name=\"c\"/>\n"
-                     "<Quota Name=\"d\" File=\"d.de\" ItemTags=\"AZ;TJ\" Titel=\"x\"/>\n"));
+             SectionXml("<Bill Name=\"a\" File=\"a.qd\" Key=\"k\"><Rule Count1=\"x\" Count2=\"4\"/></Bill>\n"
+                        "<Bill Name=\"b\" File=\"b.qd\" Key=\"k\"/>\n<Bill Name=\"c\"/>\n"
+                        "<Quota Name=\"d\" File=\"d.de\" ItemTags=\"AZ;TJ\" Titel=\"x\"/>\n"));
     const ReadingResult result = ReadFrom(disk);
     Companion::Section& section = result.catalogue->families.at(L"北京").sections.at(L"2012");
     ASSERT_EQ(section.kinds[0].byName.size(), 2u);

@@ -10,16 +10,16 @@ namespace {
 using Companion::Folders;
 using Companion::Resolve;
 
-const std::wstring Library = MemoryDisk::Path(L"Library");
+const std::wstring LibraryRoot = MemoryDisk::Path(L"Library");
 
 std::wstring Below(const std::wstring& folder) {
-    return Library + L"\\" + folder;
+    return LibraryRoot + L"\\" + folder;
 }
 
 }  // namespace
 
 TEST(CompanionFolders, EveryKindHasADefault) {
-    const Folders folders(Library);
+    const Folders folders(LibraryRoot);
     const std::wstring expected[] = {L"",
                                      L"北京\\",
                                      L"北京\\2012\\定额库\\",
@@ -41,7 +41,7 @@ TEST(CompanionFolders, EveryKindHasADefault) {
 }
 
 TEST(CompanionFolders, OnlyTheNamesOfThePatternAreAskedFor) {
-    const Folders folders(Library);
+    const Folders folders(LibraryRoot);
     EXPECT_EQ(folders.Path(LibraryPath_Root, L"..", L"a\\b", L""), Below(L""));
     EXPECT_EQ(folders.Path(LibraryPath_Family, L"北京", L"..", L"/"), Below(L"北京\\"));
     EXPECT_EQ(folders.Path(LibraryPath_Quota, L"北京", L"2012", L".."), Below(L"北京\\2012\\定额库\\"));
@@ -51,7 +51,7 @@ TEST(CompanionFolders, OnlyTheNamesOfThePatternAreAskedFor) {
 }
 
 TEST(CompanionFolders, NamesDontLeadElsewhere) {
-    const Folders folders(Library);
+    const Folders folders(LibraryRoot);
     for (const std::wstring& name :
          {std::wstring(L".."), std::wstring(L"."), std::wstring(L"..."), std::wstring(L".. "),
           std::wstring(L" "), std::wstring(L"a\\b"), std::wstring(L"a/b"), std::wstring(L"..\\.."),
@@ -64,7 +64,7 @@ TEST(CompanionFolders, NamesDontLeadElsewhere) {
 }
 
 TEST(CompanionFolders, PatternsReplaceTheDefaults) {
-    Folders folders(Library);
+    Folders folders(LibraryRoot);
     EXPECT_EQ(folders.SetPattern(2, L"{Section}/x/./{Family}{Section}//y\\"), "");
     EXPECT_EQ(folders.Path(2, L"f", L"s"), Below(L"s\\x\\fs\\y\\"));
     EXPECT_EQ(folders.SetPattern(3, L"..\\Bills\\{Family}\\..\\{Section}"), "");
@@ -81,7 +81,7 @@ TEST(CompanionFolders, PatternsReplaceTheDefaults) {
 }
 
 TEST(CompanionFolders, ItemsLieBelowTheirParentUnlessTheyHaveAPattern) {
-    Folders folders(Library);
+    Folders folders(LibraryRoot);
     EXPECT_EQ(folders.SetPattern(7, L"items\\{Family}\\{Section}"), "");
     EXPECT_EQ(folders.Path(13, L"f", L"s", L"i"), Below(L"items\\f\\s\\i\\"));
     EXPECT_EQ(folders.SetPattern(13, L"{Item}"), "");
@@ -91,7 +91,7 @@ TEST(CompanionFolders, ItemsLieBelowTheirParentUnlessTheyHaveAPattern) {
 }
 
 TEST(CompanionFolders, ABadPatternChangesNothing) {
-    Folders folders(Library);
+    Folders folders(LibraryRoot);
     EXPECT_NE(folders.SetPattern(0, L"{Family}"), "");
     EXPECT_NE(folders.SetPattern(1, L"{Family}\\{Section}"), "");
     EXPECT_NE(folders.SetPattern(7, L"{Item}"), "");

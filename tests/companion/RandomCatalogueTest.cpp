@@ -99,7 +99,7 @@ private:
     unsigned m_next = 0;
 };
 
-std::string Escaped(const std::wstring& text) {
+std::string XmlEscaped(const std::wstring& text) {
     std::string escaped;
     for (const char unit : Companion::ToUtf8(text)) {
         if (unit == '&')
@@ -115,7 +115,7 @@ std::string Escaped(const std::wstring& text) {
 }
 
 std::string Attribute(const char* name, const std::wstring& value) {
-    return value.empty() ? std::string() : std::string(" ") + name + "=\"" + Escaped(value) + "\"";
+    return value.empty() ? std::string() : std::string(" ") + name + "=\"" + XmlEscaped(value) + "\"";
 }
 
 std::wstring Joined(const std::vector<std::wstring>& words) {
@@ -161,7 +161,7 @@ void Write(const PlainCatalogue& catalogue, const TemporaryFolder& folder) {
         if (hasBills) {
             std::string bills = "<EnterpriseBills>\n";
             for (const auto& [name, text] : catalogue.bills.at(family))
-                bills += "<Bill" + Attribute("Name", name) + ">\n " + Escaped(text) + "\n</Bill>\n";
+                bills += "<Bill" + Attribute("Name", name) + ">\n " + XmlEscaped(text) + "\n</Bill>\n";
             folder.Write("LibVisitor/" + billsFile, bills + "</EnterpriseBills>\n");
         }
     }

@@ -46,7 +46,7 @@ TEST_F(Configured, TheOverviewOfAProject) {
 }
 
 TEST_F(Configured, TheSampleWithAnOverviewIsPriced) {
-    const ProgramRun run = RunProgram({"price", Overview});
+    const ProgramRun run = RunEstimate({"price", Overview});
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_NE(run.out.find("清单合计  10,137.72 元"), std::string::npos) << run.out;
 }

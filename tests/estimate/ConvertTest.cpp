@@ -5,31 +5,21 @@
 
 #include "ArgumentFolder.h"
 #include "BillGenerator.h"
-#include "CsvRows.h"
 #include "TestSupport.h"
 
 namespace {
 
 using Row = std::vector<std::string>;
 
-const std::string Bill =
+const std::string CsvBill =
     std::string(Headings) +
     ",砌筑工程,,,,\n010401001001,砖基础,\"1.砖:\"\"MU10\"\"\r\n2.砂浆\",m³,L*2,\"1,234.50\"\n"
     "4-1,砖,,10m3,Q/10,100\n,主材,,,,\nZC-1,<a&b>'\t',,t,Q,1\n010401001002,bad,,m3,X,y\n";
-const std::string VariableTable = "name,remark,value\nL,长,36.24\nB,,14\n";
-
-std::vector<Row> RowsOf(const std::string& csv) {
-    std::istringstream in(csv);
-    std::vector<Row> rows;
-    Estimate::ReadCsv(in, Estimate::Encoding::Utf8, [&](const Estimate::CsvRow& row) {
-        rows.emplace_back(row.fields.begin(), row.fields.end());
-    });
-    return rows;
-}
+const std::string CsvVariables = "name,remark,value\nL,长,36.24\nB,,14\n";
 
 /// All but the heading row.
 std::vector<Row> DataOf(const std::string& csv) {
-    std::vector<Row> rows = RowsOf(csv);
+    std::vector<Row> rows = CsvRowsOf(csv);
     rows.erase(rows.begin());
     return rows;
 }
@@ -42,7 +32,7 @@ protected:
 
     /// What the conversion of a bill to XML says when it refuses it.
     std::string Refusal(const std::string& csv) const {
-        const ProgramRun run = RunProgram({"convert", "-", "-o", Path("refused.xml")}, csv);
+        const ProgramRun run = RunEstimate({"convert", "-", "-o", Path("refused.xml")}, csv);
         EXPECT_EQ(run.status, 2);
         EXPECT_EQ(run.out, "");
         EXPECT_FALSE(m_folder.Has("refused.xml"));
@@ -77,35 +67,36 @@ std::string RandomBill(std::mt19937& random) {
 }  // namespace
 
 TEST_F(Convert, ThereAndBack) {
-    const std::string bill = Write("bill.csv", Bill);
-    const std::string variables = Write("variables.csv", VariableTable);
-    EXPECT_EQ(RunProgram({"convert", bill, "--vars", variables, "-o", Path("p.xml")}).status, 0);
+    const std::string bill = Write("bill.csv", CsvBill);
+    const std::string variables = Write("variables.csv", CsvVariables);
+    EXPECT_EQ(RunEstimate({"convert", bill, "--vars", variables, "-o", Path("p.xml")}).status, 0);
     const ProgramRun back =
-        RunProgram({"convert", Path("p.xml"), "-o", Path("b.CSV"), "--vars-out", Path("v.csv")});
+        RunEstimate({"convert", Path("p.xml"), "-o", Path("b.CSV"), "--vars-out", Path("v.csv")});
     EXPECT_EQ(back.status, 0);
     EXPECT_EQ(back.err, "");
-    EXPECT_EQ(DataOf(Read("b.CSV")), DataOf(Bill));
+    EXPECT_EQ(DataOf(Read("b.CSV")), DataOf(CsvBill));
     EXPECT_EQ(Read("v.csv"), "\"变量名\",\"数值\",\"说明\"\r\n\"L\",\"36.24\",\"长\"\r\n\"B\",\"14\",\r\n");
-    const ProgramRun priced = RunProgram({"price", Path("p.xml")});
+    const ProgramRun priced = RunEstimate({"price", Path("p.xml")});
     EXPECT_EQ(priced.status, 1);
-    EXPECT_EQ(priced.out, RunProgram({"price", bill, "--vars", variables}).out);
+    EXPECT_EQ(priced.out, RunEstimate({"price", bill, "--vars", variables}).out);
     EXPECT_EQ(m_folder.Entries(), 5);
 }
 
 TEST_F(Convert, RandomBillsThereAndBack) {
     std::mt19937 random(44);
-    const std::string variables = Write("v.csv", VariableTable);
+    const std::string variables = Write("v.csv", CsvVariables);
     int priced = 0;
     for (int i = 0; i < 400; ++i) {
         const std::string csv = RandomBill(random);
         const std::string bill = Write("bill.csv", csv);
-        ASSERT_EQ(RunProgram({"convert", bill, "--vars", variables, "-o", Path("p.xml")}).err, "") << csv;
+        ASSERT_EQ(RunEstimate({"convert", bill, "--vars", variables, "-o", Path("p.xml")}).err, "") << csv;
         ASSERT_EQ(
-            RunProgram({"convert", Path("p.xml"), "-o", Path("b.csv"), "--vars-out", Path("w.csv")}).err, "");
-        ASSERT_EQ(RowsOf(Read("w.csv")).size(), 3u);
+            RunEstimate({"convert", Path("p.xml"), "-o", Path("b.csv"), "--vars-out", Path("w.csv")}).err,
+            "");
+        ASSERT_EQ(CsvRowsOf(Read("w.csv")).size(), 3u);
         ASSERT_EQ(DataOf(Read("b.csv")), DataOf(csv)) << csv;
-        const ProgramRun ofTable = RunProgram({"price", bill, "--vars", variables});
-        const ProgramRun ofDocument = RunProgram({"price", Path("p.xml")});
+        const ProgramRun ofTable = RunEstimate({"price", bill, "--vars", variables});
+        const ProgramRun ofDocument = RunEstimate({"price", Path("p.xml")});
         ASSERT_EQ(ofDocument.out, ofTable.out) << csv;
         ASSERT_EQ(ofDocument.status, ofTable.status);
         priced += ofTable.out.find("清单项目  0 项") == std::string::npos ? 1 : 0;
@@ -117,48 +108,49 @@ TEST_F(Convert, ALongBill) {
     std::ostringstream csv;
     GenerateBill(csv, 100'000);
     const std::string bill = Write("bill.csv", csv.str());
-    EXPECT_EQ(RunProgram({"convert", bill, "-o", Path("p.xml")}).err, "");
-    const ProgramRun ofDocument = RunProgram({"price", Path("p.xml"), "--csv"});
+    EXPECT_EQ(RunEstimate({"convert", bill, "-o", Path("p.xml")}).err, "");
+    const ProgramRun ofDocument = RunEstimate({"price", Path("p.xml"), "--csv"});
     EXPECT_EQ(ofDocument.status, 0);
-    EXPECT_TRUE(ofDocument.out == RunProgram({"price", bill, "--csv"}).out);
+    EXPECT_TRUE(ofDocument.out == RunEstimate({"price", bill, "--csv"}).out);
 }
 
 TEST_F(Convert, NameAndArea) {
     const std::string first = Path("a.xml");
-    EXPECT_EQ(RunProgram({"convert", "-", "-o", first, "--name", "甲\"", "--area", "L*2"}, Bill).status, 0);
+    EXPECT_EQ(RunEstimate({"convert", "-", "-o", first, "--name", "甲\"", "--area", "L*2"}, CsvBill).status,
+              0);
     EXPECT_NE(Read("a.xml").find("<Project Area=\"L*2\" Name=\"甲&quot;\">"), std::string::npos);
-    EXPECT_EQ(RunProgram({"convert", first, "-o", Path("b.xml")}).status, 0);
+    EXPECT_EQ(RunEstimate({"convert", first, "-o", Path("b.xml")}).status, 0);
     EXPECT_EQ(Read("b.xml"), Read("a.xml"));
-    EXPECT_EQ(RunProgram({"convert", first, "-o", first, "--name", "乙"}).status, 0);
+    EXPECT_EQ(RunEstimate({"convert", first, "-o", first, "--name", "乙"}).status, 0);
     EXPECT_NE(Read("a.xml").find("<Project Area=\"L*2\" Name=\"乙\">"), std::string::npos);
 }
 
 TEST_F(Convert, VariablesOfATableReplaceThoseOfTheProject) {
-    const std::string variables = Write("v.csv", VariableTable);
-    EXPECT_EQ(RunProgram({"convert", "-", "--vars", variables, "-o", Path("p.xml")}, Bill).status, 0);
+    const std::string variables = Write("v.csv", CsvVariables);
+    EXPECT_EQ(RunEstimate({"convert", "-", "--vars", variables, "-o", Path("p.xml")}, CsvBill).status, 0);
     const std::string others = Write("o.csv", "name,value\nl,40\nH,3\n");
-    EXPECT_EQ(RunProgram({"convert", Path("p.xml"), "--vars", others, "-o", Path("q.xml"), "--vars-out",
-                          Path("w.csv")})
+    EXPECT_EQ(RunEstimate({"convert", Path("p.xml"), "--vars", others, "-o", Path("q.xml"), "--vars-out",
+                           Path("w.csv")})
                   .status,
               0);
     EXPECT_EQ(DataOf(Read("w.csv")), (std::vector<Row>{{"l", "40", "长"}, {"B", "14", ""}, {"H", "3", ""}}));
-    EXPECT_EQ(RunProgram({"price", Path("q.xml")}).out,
-              RunProgram({"price", Path("p.xml"), "--vars", others}).out);
+    EXPECT_EQ(RunEstimate({"price", Path("q.xml")}).out,
+              RunEstimate({"price", Path("p.xml"), "--vars", others}).out);
 }
 
 TEST_F(Convert, TablesSayWhatTheyLeaveOut) {
-    const std::string variables = Write("v.csv", VariableTable);
-    const ProgramRun run = RunProgram({"convert", "-", "--vars", variables, "-o", Path("b.csv")}, Bill);
+    const std::string variables = Write("v.csv", CsvVariables);
+    const ProgramRun run = RunEstimate({"convert", "-", "--vars", variables, "-o", Path("b.csv")}, CsvBill);
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.err, "estimate: warning: the variables are left out; --vars-out writes them\n");
-    EXPECT_EQ(RunProgram({"convert", "-", "-o", Path("b.csv"), "--bom"}, Bill).err, "");
+    EXPECT_EQ(RunEstimate({"convert", "-", "-o", Path("b.csv"), "--bom"}, CsvBill).err, "");
     EXPECT_TRUE(Read("b.csv").starts_with("\xEF\xBB\xBF\"项目编码\""));
 }
 
 TEST_F(Convert, Gbk) {
     const CString text(u"编码,名称,单位,工程量,单价\n010401001001,砖基础,m3,2,3\n");
     const std::string bill = Write("bill.csv", IQsUtils::UnicodeToAnsi(text.ToWide()));
-    EXPECT_EQ(RunProgram({"convert", bill, "-o", Path("目录 100%#1.xml")}).status, 0);
+    EXPECT_EQ(RunEstimate({"convert", bill, "-o", Path("目录 100%#1.xml")}).status, 0);
     EXPECT_NE(m_folder.Read("目录 100%#1.xml").find("Name=\"砖基础\""), std::string::npos);
 }
 
@@ -183,9 +175,9 @@ TEST_F(Convert, AllOrNothing) {
 
 TEST_F(Convert, AFailureLeavesTheOldFile) {
     const std::string project = Write("p.xml", "before");
-    EXPECT_EQ(RunProgram({"convert", "-", "-o", project}, "4-1").status, 2);
+    EXPECT_EQ(RunEstimate({"convert", "-", "-o", project}, "4-1").status, 2);
     const std::string variables = Write("v.csv", "name,value\nA\x02,1\n");
-    const ProgramRun run = RunProgram({"convert", "-", "--vars", variables, "-o", project}, Bill);
+    const ProgramRun run = RunEstimate({"convert", "-", "--vars", variables, "-o", project}, CsvBill);
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.err, variables + ":2:1: error: name: XML can't hold the character U+0002\n" +
                            "estimate: nothing is written\n");
@@ -193,8 +185,8 @@ TEST_F(Convert, AFailureLeavesTheOldFile) {
 }
 
 TEST_F(Convert, WhatATableCannotSay) {
-    const std::string project = Write("p.xml", "<Project><Bill><Item Code='1'/></Bill></Project>");
-    const ProgramRun run = RunProgram({"convert", project, "-o", Path("b.csv")});
+    const std::string project = Write("p.xml", "<Project><CsvBill><Item Code='1'/></CsvBill></Project>");
+    const ProgramRun run = RunEstimate({"convert", project, "-o", Path("b.csv")});
     EXPECT_EQ(run.status, 2);
     EXPECT_TRUE(run.err.starts_with(project + ": item 1: error: a table tells a bill item by its code"))
         << run.err;
@@ -204,7 +196,7 @@ TEST_F(Convert, WhatATableCannotSay) {
 TEST_F(Convert, WrongCalls) {
     const auto refusal = [](std::vector<std::string> options) {
         options.insert(options.begin(), {"convert", "-"});
-        const ProgramRun run = RunProgram(options, Bill);
+        const ProgramRun run = RunEstimate(options, CsvBill);
         EXPECT_EQ(run.status, 2);
         return run.err;
     };
@@ -223,6 +215,6 @@ TEST_F(Convert, WrongCalls) {
     EXPECT_EQ(refusal({"-o", Path("x.xml"), "--vars-out", Path("none/v.csv")}),
               "estimate: the file can't be written: " + Path("none/v.csv") + "\n");
     EXPECT_EQ(m_folder.Entries(), 0);
-    EXPECT_EQ(RunProgram({"convert", Path("none.xml"), "-o", Path("x.csv")}).status, 2);
-    EXPECT_EQ(RunProgram({"convert", Write("bad.xml", "<a"), "-o", Path("x.csv")}).status, 2);
+    EXPECT_EQ(RunEstimate({"convert", Path("none.xml"), "-o", Path("x.csv")}).status, 2);
+    EXPECT_EQ(RunEstimate({"convert", Write("bad.xml", "<a"), "-o", Path("x.csv")}).status, 2);
 }

@@ -12,15 +12,16 @@ using namespace Estimate;
 
 namespace {
 
-struct Row {
+struct ReadRow {
     std::size_t line;
     std::vector<std::string> fields;
-    bool operator==(const Row&) const = default;
+    bool operator==(const ReadRow&) const = default;
 };
 
-std::vector<Row> Rows(const std::string& text, CsvBreak* end = nullptr, Encoding encoding = Encoding::Utf8) {
+std::vector<ReadRow> Rows(const std::string& text, CsvBreak* end = nullptr,
+                          Encoding encoding = Encoding::Utf8) {
     std::istringstream in(text);
-    std::vector<Row> rows;
+    std::vector<ReadRow> rows;
     const CsvBreak result = ReadCsv(in, encoding, [&](const CsvRow& row) {
         rows.push_back({row.line, {row.fields.begin(), row.fields.end()}});
     });
@@ -29,7 +30,7 @@ std::vector<Row> Rows(const std::string& text, CsvBreak* end = nullptr, Encoding
     return rows;
 }
 
-std::ostream& operator<<(std::ostream& out, const Row& row) {
+std::ostream& operator<<(std::ostream& out, const ReadRow& row) {
     out << row.line << ':';
     for (const std::string& field : row.fields)
         out << '[' << field << ']';
@@ -39,32 +40,32 @@ std::ostream& operator<<(std::ostream& out, const Row& row) {
 }  // namespace
 
 TEST(CsvRows, FieldsAndLines) {
-    EXPECT_EQ(Rows("a,b\nc,d\n"), (std::vector<Row>{{1, {"a", "b"}}, {2, {"c", "d"}}}));
-    EXPECT_EQ(Rows("a,b\r\nc,d\r\n"), (std::vector<Row>{{1, {"a", "b"}}, {2, {"c", "d"}}}));
-    EXPECT_EQ(Rows("a,b\rc,d"), (std::vector<Row>{{1, {"a", "b"}}, {2, {"c", "d"}}}));
-    EXPECT_EQ(Rows(""), std::vector<Row>{});
-    EXPECT_EQ(Rows("a,,\n"), (std::vector<Row>{{1, {"a", "", ""}}}));
+    EXPECT_EQ(Rows("a,b\nc,d\n"), (std::vector<ReadRow>{{1, {"a", "b"}}, {2, {"c", "d"}}}));
+    EXPECT_EQ(Rows("a,b\r\nc,d\r\n"), (std::vector<ReadRow>{{1, {"a", "b"}}, {2, {"c", "d"}}}));
+    EXPECT_EQ(Rows("a,b\rc,d"), (std::vector<ReadRow>{{1, {"a", "b"}}, {2, {"c", "d"}}}));
+    EXPECT_EQ(Rows(""), std::vector<ReadRow>{});
+    EXPECT_EQ(Rows("a,,\n"), (std::vector<ReadRow>{{1, {"a", "", ""}}}));
 }
 
 TEST(CsvRows, BlankLinesCountButAreNoRows) {
-    EXPECT_EQ(Rows("\n\na\n\n \t\n,,\nb\n"), (std::vector<Row>{{3, {"a"}}, {7, {"b"}}}));
-    EXPECT_EQ(Rows("\r\n\r\na\r\n\r\nb"), (std::vector<Row>{{3, {"a"}}, {5, {"b"}}}));
+    EXPECT_EQ(Rows("\n\na\n\n \t\n,,\nb\n"), (std::vector<ReadRow>{{3, {"a"}}, {7, {"b"}}}));
+    EXPECT_EQ(Rows("\r\n\r\na\r\n\r\nb"), (std::vector<ReadRow>{{3, {"a"}}, {5, {"b"}}}));
 }
 
 TEST(CsvRows, QuotesHoldCommasQuotesAndLines) {
-    EXPECT_EQ(Rows("\"a,b\",\"say \"\"x\"\"\"\n"), (std::vector<Row>{{1, {"a,b", "say \"x\""}}}));
+    EXPECT_EQ(Rows("\"a,b\",\"say \"\"x\"\"\"\n"), (std::vector<ReadRow>{{1, {"a,b", "say \"x\""}}}));
     EXPECT_EQ(Rows("x,\"1.土\n2.方\r\n3.量\",y\nz\n"),
-              (std::vector<Row>{{1, {"x", "1.土\n2.方\r\n3.量", "y"}}, {4, {"z"}}}));
-    EXPECT_EQ(Rows("DN50 2\"管,b\n"), (std::vector<Row>{{1, {"DN50 2\"管", "b"}}}));
+              (std::vector<ReadRow>{{1, {"x", "1.土\n2.方\r\n3.量", "y"}}, {4, {"z"}}}));
+    EXPECT_EQ(Rows("DN50 2\"管,b\n"), (std::vector<ReadRow>{{1, {"DN50 2\"管", "b"}}}));
 }
 
 TEST(CsvRows, WhiteSpaceAroundAFieldFallsAway) {
-    EXPECT_EQ(Rows("  a\t, \" b \" ,c \n"), (std::vector<Row>{{1, {"a", " b ", "c"}}}));
+    EXPECT_EQ(Rows("  a\t, \" b \" ,c \n"), (std::vector<ReadRow>{{1, {"a", " b ", "c"}}}));
 }
 
 TEST(CsvRows, AQuoteWithoutEndBreaksOff) {
     CsvBreak end;
-    EXPECT_EQ(Rows("a,b\n\nc,\"d\ne,f\n", &end), (std::vector<Row>{{1, {"a", "b"}}}));
+    EXPECT_EQ(Rows("a,b\n\nc,\"d\ne,f\n", &end), (std::vector<ReadRow>{{1, {"a", "b"}}}));
     EXPECT_EQ(end.line, 3u);
     EXPECT_EQ(end.reason, "a quote opened in this row is never closed");
     Rows("a,\"b\"", &end);
@@ -72,7 +73,8 @@ TEST(CsvRows, AQuoteWithoutEndBreaksOff) {
 }
 
 TEST(CsvRows, FieldsInGbk) {
-    EXPECT_EQ(Rows("\xCD\xC1,\"\xB7\xBD\"\n", nullptr, Encoding::Gbk), (std::vector<Row>{{1, {"土", "方"}}}));
+    EXPECT_EQ(Rows("\xCD\xC1,\"\xB7\xBD\"\n", nullptr, Encoding::Gbk),
+              (std::vector<ReadRow>{{1, {"土", "方"}}}));
 }
 
 TEST(CsvRows, ExceptionsOfTheHandlerPassThrough) {
@@ -102,10 +104,10 @@ TEST(CsvRows, RandomTablesComeBack) {
     for (int round = 0; round < 20'000; ++round) {
         const char* end = ends[random() % 3];
         std::string text;
-        std::vector<Row> expected;
+        std::vector<ReadRow> expected;
         std::size_t line = 1;
         for (std::size_t row = random() % 6; row > 0; --row) {
-            Row& written = expected.emplace_back(Row{line, {}});
+            ReadRow& written = expected.emplace_back(ReadRow{line, {}});
             for (std::size_t field = random() % 4 + 1; field > 0; --field) {
                 std::string value = "k";
                 for (std::size_t piece = random() % 5; piece > 0; --piece)
@@ -129,6 +131,6 @@ TEST(CsvRows, RandomTablesComeBack) {
 TEST(CsvRows, LineEndsAcrossReadBoundariesCountOnce) {
     for (std::size_t shift = 0; shift < 3; ++shift) {
         const std::string filler((1 << 18) - 1 - shift, 'x');
-        EXPECT_EQ(Rows(filler + "\r\nb\r\nc\r\n").back(), (Row{3, {"c"}}));
+        EXPECT_EQ(Rows(filler + "\r\nb\r\nc\r\n").back(), (ReadRow{3, {"c"}}));
     }
 }

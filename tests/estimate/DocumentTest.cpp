@@ -12,11 +12,8 @@ using namespace Estimate;
 
 namespace {
 
-bool Has(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
-const std::string OneItem = R"(<Item Code="010401001001" Name="砖基础" Unit="m3" Formula="10" Price="100"/>)";
+const std::string OneItemElement =
+    R"(<Item Code="010401001001" Name="砖基础" Unit="m3" Formula="10" Price="100"/>)";
 
 std::string ProjectOf(const std::string& rows, const std::string& head = {}) {
     return "<Project><Variables>" + head + "</Variables><Bill>" + rows + "</Bill></Project>";
@@ -26,7 +23,7 @@ class Document : public ::testing::Test {
 protected:
     ProgramRun Price(std::string_view text, std::vector<std::string> options = {"--json"}) const {
         options.insert(options.begin(), {"price", m_folder.Write(Name, text)});
-        return RunProgram(options);
+        return RunEstimate(options);
     }
     /// What standard error says, without the file's name.
     std::string Messages(const std::string& text) const {
@@ -93,7 +90,7 @@ TEST_F(Document, OptionsGoFirst) {
 }
 
 TEST_F(Document, EncodingsAndBeginnings) {
-    const std::string plain = ProjectOf(OneItem);
+    const std::string plain = ProjectOf(OneItemElement);
     EXPECT_EQ(Total(plain), 1000.0);
     EXPECT_EQ(Total("\xEF\xBB\xBF" + plain), 1000.0);
     EXPECT_EQ(Total("\n  " + plain), 1000.0);
@@ -108,25 +105,25 @@ TEST_F(Document, EncodingsAndBeginnings) {
         }
         EXPECT_EQ(Total(bytes), 1000.0) << swapped;
     }
-    EXPECT_EQ(RunProgram({"price", m_folder.Write("名 100%#1.txt", plain)}).status, 0);
+    EXPECT_EQ(RunEstimate({"price", m_folder.Write("名 100%#1.txt", plain)}).status, 0);
 }
 
 TEST_F(Document, WhatAReaderPassesOver) {
     EXPECT_EQ(
-        Total("<Project New='1'><Else><Bill>" + OneItem +
-              "</Bill></Else><Variables><X/></Variables><Bill>text" + "<!-- c --><Group>" + OneItem +
+        Total("<Project New='1'><Else><Bill>" + OneItemElement +
+              "</Bill></Else><Variables><X/></Variables><Bill>text" + "<!-- c --><Group>" + OneItemElement +
               "</Group><Item Code='010401001002' Name='a' Unit='m3' "
               "Formula='1' Price='1' Colour='red'><Note/><Quota Code='4-1' Name='b' Unit='m3' Formula='1' "
               "Price='1'><Quota/></Quota></Item></Bill><Bill>" +
-              OneItem + "</Bill></Project>"),
+              OneItemElement + "</Bill></Project>"),
         1001.0);
     EXPECT_EQ(Total("<Project><Bill/></Project>"), 0.0);
 }
 
 TEST_F(Document, RowsThatCannotBePriced) {
-    EXPECT_EQ(
-        Messages(ProjectOf(OneItem + "<Item Code='010401001002' Name='a' Unit='m3' Formula='X' Price='1'/>")),
-        "item 2: error: formula: \"X\" is neither a number nor a known variable\n");
+    EXPECT_EQ(Messages(ProjectOf(OneItemElement +
+                                 "<Item Code='010401001002' Name='a' Unit='m3' Formula='X' Price='1'/>")),
+              "item 2: error: formula: \"X\" is neither a number nor a known variable\n");
     EXPECT_EQ(
         Messages(ProjectOf("<Item Code='010401001002' Name='a' Unit='m3' Formula='1' Price='1'>"
                            "<Quota Code='4-1' Name='b' Unit='m3' Formula='1' Price='1'/><Heading Name='h'/>"
@@ -134,12 +131,13 @@ TEST_F(Document, RowsThatCannotBePriced) {
         "item 1, quota 2: error: price: the unit price is no number: \"y\"\n");
     EXPECT_EQ(Messages(ProjectOf("<Item Name='a' Unit='m3' Formula='1' Price='1'>"
                                  "<Quota Code='4-1' Name='b' Unit='m3' Formula='1' Price='1'/></Item>" +
-                                 OneItem)),
+                                 OneItemElement)),
               "item 1: error: code: the code is empty\n"
               "item 1, quota 1: error: the bill item above it, at item 1, can't be priced\n");
-    EXPECT_EQ(Messages(ProjectOf("<Item Code='4-1' Name='a' Unit='m3' Formula='1' Price='1'/>" + OneItem)),
-              "item 1: error: code: a bill code has 12 digits, nine of the national code and three of "
-              "sequence; this one holds other characters\n");
+    EXPECT_EQ(
+        Messages(ProjectOf("<Item Code='4-1' Name='a' Unit='m3' Formula='1' Price='1'/>" + OneItemElement)),
+        "item 1: error: code: a bill code has 12 digits, nine of the national code and three of "
+        "sequence; this one holds other characters\n");
     EXPECT_EQ(Messages(ProjectOf("<Item Code='01040100101' Name='a' Unit='m3' Formula='1' Price='1'/>")),
               "item 1: error: code: a bill code has 12 digits, nine of the national code and three of "
               "sequence; this one has 11\n");
@@ -150,36 +148,36 @@ TEST_F(Document, RowsThatCannotBePriced) {
               "item 1: error: price: the unit price is empty, and its quota row at item 1, quota 1 can't be "
               "priced\n");
     const std::string stray = "<Quota Code='4-1' Name='b' Unit='m3' Formula='1' Price='1'/>";
-    EXPECT_EQ(Messages(ProjectOf(stray + OneItem + stray)),
+    EXPECT_EQ(Messages(ProjectOf(stray + OneItemElement + stray)),
               "quota 1: error: no bill item stands above the quota row\n"
               "quota 2: error: no bill item stands above the quota row\n");
-    EXPECT_EQ(Messages(ProjectOf(OneItem + OneItem)),
+    EXPECT_EQ(Messages(ProjectOf(OneItemElement + OneItemElement)),
               "item 2: warning: code: the bill code 010401001001 stands at item 1 already\n");
 }
 
 TEST_F(Document, TheOthersArePriced) {
-    const std::string text = ProjectOf("<Item/>" + OneItem + "<Item><Quota/></Item>");
+    const std::string text = ProjectOf("<Item/>" + OneItemElement + "<Item><Quota/></Item>");
     EXPECT_EQ(Price(text).status, 1);
     EXPECT_EQ(Total(text), 1000.0);
     const nlohmann::json problem = nlohmann::json::parse(Price(text).out)["problems"].back();
     EXPECT_EQ(problem["element"], "item 3, quota 1");
     EXPECT_FALSE(problem.contains("line"));
-    EXPECT_EQ(Price(ProjectOf(OneItem + OneItem)).status, 0);
+    EXPECT_EQ(Price(ProjectOf(OneItemElement + OneItemElement)).status, 0);
 }
 
 TEST_F(Document, BadVariablesAndAreas) {
-    EXPECT_EQ(Messages(ProjectOf(OneItem,
+    EXPECT_EQ(Messages(ProjectOf(OneItemElement,
                                  "<Variable Name='cost' Value='1'/><Variable Name='A' Value='x'/>"
                                  "<Variable Name='B' Value='1'/><Variable Name='b' Value='1'/><Variable/>")),
               "variable 1: error: name: in a formula the name would be read as the function cos\n"
               "variable 2: error: value: the value is no number: \"x\"\n"
               "variable 4: error: name: the name is taken already (names don't differ by case)\n"
               "variable 5: error: name: the name is empty\n");
-    EXPECT_EQ(Messages("<Project Area='X'><Bill>" + OneItem + "</Bill></Project>"),
+    EXPECT_EQ(Messages("<Project Area='X'><Bill>" + OneItemElement + "</Bill></Project>"),
               "error: area: \"X\" is neither a number nor a known variable\n");
     EXPECT_EQ(Messages("<Project Area='0'><Bill/></Project>"), "error: area: the area is not above 0\n");
     EXPECT_EQ(Price("<Project Area='0'><Bill/></Project>").status, 1);
-    EXPECT_EQ(Price(ProjectOf(OneItem, "<Variable/>")).status, 1);
+    EXPECT_EQ(Price(ProjectOf(OneItemElement, "<Variable/>")).status, 1);
 }
 
 TEST_F(Document, WhatIsNoProject) {
@@ -200,13 +198,14 @@ TEST_F(Document, WhatIsNoProject) {
 }
 
 TEST_F(Document, ComesFromAFile) {
-    const ProgramRun run = RunProgram({"price", "-"}, ProjectOf(OneItem));
+    const ProgramRun run = RunEstimate({"price", "-"}, ProjectOf(OneItemElement));
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.err, "estimate: a project in XML is read from a file\n");
 }
 
 TEST_F(Document, ProgressPassesThroughAllPercents) {
-    const ProjectDocument document(m_folder.Write(Name, ProjectOf(OneItem + OneItem + OneItem + OneItem)));
+    const ProjectDocument document(
+        m_folder.Write(Name, ProjectOf(OneItemElement + OneItemElement + OneItemElement + OneItemElement)));
     ASSERT_NE(document.root, nullptr) << document.refusal;
     std::vector<std::uint64_t> parts;
     VisitBill(

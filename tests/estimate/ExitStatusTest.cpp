@@ -12,13 +12,13 @@
 namespace {
 
 const std::string Good = std::string(Headings) + "010401001001,砖基础,,m3,10,100\n";
-const std::string SomeBad = Good + "4-1,a,,m3,?,1\n";
+const std::string OneBadRow = Good + "4-1,a,,m3,?,1\n";
 
 using Arguments = std::vector<std::string>;
 
 void Expect(int status, const Arguments& arguments, const std::string& input = {}) {
     for (const auto language : {Estimate::Language::English, Estimate::Language::Chinese}) {
-        const ProgramRun run = RunProgram(arguments, input, language);
+        const ProgramRun run = RunEstimate(arguments, input, language);
         EXPECT_EQ(run.status, status) << testing::PrintToString(arguments) << run.err;
         if (status > 0) {
             EXPECT_NE(run.err, "") << testing::PrintToString(arguments);
@@ -53,10 +53,10 @@ TEST(ExitStatus, NullWhenAllIsDone) {
 
 TEST(ExitStatus, OneWhenSomeRowsOrArgumentsAreBad) {
     const ArgumentFolder folder;
-    Expect(1, {"price", "-"}, SomeBad);
-    Expect(1, {"price", "-", "--json"}, SomeBad);
+    Expect(1, {"price", "-"}, OneBadRow);
+    Expect(1, {"price", "-", "--json"}, OneBadRow);
     Expect(1, {"price", "-", "--vars", folder.Write("v.csv", "name,value\nA,x\n")}, Good);
-    Expect(1, {"price", folder.Write("a.csv", Good), folder.Write("b.csv", SomeBad)});
+    Expect(1, {"price", folder.Write("a.csv", Good), folder.Write("b.csv", OneBadRow)});
     Expect(1, {"eval", "1", "X"});
     Expect(1, {"capital", "1", "x"});
     Expect(1, {"capital", "--plain", "1.5"});

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "Formula.h"
+#include "TestSupport.h"
 #include "Utf8.h"
 
 using namespace Estimate;
@@ -37,10 +38,6 @@ std::string Warning(const std::u16string& formula) {
         return {};
     EXPECT_EQ(result.remarks[0].severity, Severity::Warning);
     return result.remarks[0].reason.In(Estimate::Language::English);
-}
-
-bool Has(const std::string& text, const char* part) {
-    return text.find(part) != std::string::npos;
 }
 
 }  // namespace

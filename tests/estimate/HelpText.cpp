@@ -32,7 +32,7 @@ CommandHelp HelpOf(const std::string& path) {
     std::vector<std::string> arguments = SplitAt(path, ' ');
     arguments.push_back("--help");
     std::string section;
-    for (const std::string& line : SplitAt(RunProgram(arguments).out, '\n')) {
+    for (const std::string& line : SplitAt(RunEstimate(arguments).out, '\n')) {
         if (!line.starts_with(" "))
             section = line;
         else if (line.size() > 2 && line[2] != ' ')

@@ -14,9 +14,9 @@ using Estimate::Language;
 
 namespace {
 
-using Variables = std::vector<std::pair<std::string, std::string>>;
+using Environment = std::vector<std::pair<std::string, std::string>>;
 
-std::string ErrorIn(const Variables& environment) {
+std::string ErrorIn(const Environment& environment) {
     ProgramCall call;
     call.program = ESTIMATE_PROGRAM;
     call.arguments = {"price", "none.csv"};
@@ -28,10 +28,6 @@ std::string ErrorIn(const Variables& environment) {
 
 const std::string English = "estimate: the file can't be read: none.csv\n";
 const std::string Chinese = "estimate: 无法读取文件：none.csv\n";
-
-bool Has(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
 
 bool IsAscii(const std::string& text) {
     return std::ranges::all_of(text, [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
@@ -65,9 +61,9 @@ TEST(Language, OfTheSystemWhenNoVariableIsSet) {
 TEST(Language, HelpIsInOneLanguage) {
     for (const std::string command : {"price", "convert", "eval", "vars", "capital", "sort", "unit",
                                       "libraries", "overview", "extra-costs", "marks", "history", "backup"}) {
-        const std::string english = RunProgram({command, "--help"}).out;
+        const std::string english = RunEstimate({command, "--help"}).out;
         EXPECT_TRUE(IsAscii(english)) << command;
-        const std::string chinese = RunProgram({command, "--help"}, {}, Language::Chinese).out;
+        const std::string chinese = RunEstimate({command, "--help"}, {}, Language::Chinese).out;
         EXPECT_TRUE(Has(chinese, "用法: estimate " + command)) << chinese;
         EXPECT_TRUE(Has(chinese, "显示本帮助")) << chinese;
         EXPECT_TRUE(Has(chinese, "退出状态")) << chinese;
@@ -126,12 +122,12 @@ TEST(Language, WrongUsageIsToldInBoth) {
         {{"price", "-", "--json=x"}, "--json takes no value", "--json 不带值", "estimate price"},
     };
     for (const Case& one : cases) {
-        const ProgramRun english = RunProgram(one.arguments);
+        const ProgramRun english = RunEstimate(one.arguments);
         EXPECT_EQ(english.status, 2);
         EXPECT_EQ(english.out, "");
         EXPECT_EQ(english.err,
                   "estimate: " + one.english + "\nestimate: \"" + one.command + " --help\" tells more\n");
-        const ProgramRun chinese = RunProgram(one.arguments, {}, Language::Chinese);
+        const ProgramRun chinese = RunEstimate(one.arguments, {}, Language::Chinese);
         EXPECT_EQ(chinese.status, 2);
         EXPECT_EQ(chinese.out, "");
         EXPECT_EQ(chinese.err,
@@ -144,15 +140,15 @@ TEST(Language, ProblemsOfABillAreToldInBoth) {
                              "010401001001,砖基础,,m3,?,100\n"
                              "4-1,a,,m3,Q,1\n"
                              "010401001002,砖墙,,m3,10-2-3,\n";
-    EXPECT_EQ(RunProgram({"price", "-"}, bill, Language::Chinese).err,
+    EXPECT_EQ(RunEstimate({"price", "-"}, bill, Language::Chinese).err,
               "(标准输入):2:5: 错误：工程量表达式：“?”既不是数字，也不是已知的变量\n"
               "(标准输入):3: 错误：其上方的清单项目（第 2 行）无法计价\n"
               "(标准输入):4:5: 警告：工程量表达式：第 5 个字符：减号后面的内容整体被减，10-2-3 得 11；"
               "要得 5 请写 10-(2+3)，并把加项写在前面\n"
               "(标准输入):4:6: 错误：单价：单价为空，也没有定额行可以组价\n");
-    EXPECT_EQ(RunProgram({"price", "-"}, "no table\n", Language::Chinese).err,
+    EXPECT_EQ(RunEstimate({"price", "-"}, "no table\n", Language::Chinese).err,
               "estimate: (标准输入)：没有一行含有这些列的标题：编码，名称，计量单位，工程量表达式，单价\n");
-    EXPECT_EQ(RunProgram({"eval", "1/0"}, {}, Language::Chinese).err, "1/0: 错误：除数为零\n");
+    EXPECT_EQ(RunEstimate({"eval", "1/0"}, {}, Language::Chinese).err, "1/0: 错误：除数为零\n");
 }
 
 // Scripts read these in whatever locale they run.
@@ -181,8 +177,8 @@ TEST(Language, DataIsTheSameInBoth) {
           {"unit", "t", "kg"},
           {"--version"}}) {
         const std::string input = "code,name,unit,formula,price\n1,,,,\n";
-        const ProgramRun english = RunProgram(arguments, input);
-        const ProgramRun chinese = RunProgram(arguments, input, Language::Chinese);
+        const ProgramRun english = RunEstimate(arguments, input);
+        const ProgramRun chinese = RunEstimate(arguments, input, Language::Chinese);
         EXPECT_NE(english.out, "") << arguments[0];
         EXPECT_EQ(english.out, chinese.out) << arguments[0];
         EXPECT_EQ(english.status, chinese.status) << arguments[0];

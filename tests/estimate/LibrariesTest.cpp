@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string Sample = ESTIMATE_INSTALLATION;
+const std::string SampleRoot = ESTIMATE_INSTALLATION;
 
 /// What the program says, with slashes and without carriage returns, the sample's folder as SAMPLE.
 struct Said {
@@ -28,9 +28,9 @@ std::string Plain(std::string text) {
     std::erase(text, '\r');
     std::replace(text.begin(), text.end(), '\\', '/');
     // A system with drives puts one in front.
-    for (std::size_t at = text.find(Sample); at != std::string::npos; at = text.find(Sample)) {
+    for (std::size_t at = text.find(SampleRoot); at != std::string::npos; at = text.find(SampleRoot)) {
         const bool hasDrive = at >= 2 && text[at - 1] == ':';
-        text.replace(hasDrive ? at - 2 : at, Sample.size() + (hasDrive ? 2 : 0), "SAMPLE");
+        text.replace(hasDrive ? at - 2 : at, SampleRoot.size() + (hasDrive ? 2 : 0), "SAMPLE");
     }
     return text;
 }
@@ -50,7 +50,7 @@ Said RunIn(const std::string& installation, std::vector<std::string> arguments) 
 }
 
 Said RunInSample(std::vector<std::string> arguments) {
-    return RunIn(Sample, std::move(arguments));
+    return RunIn(SampleRoot, std::move(arguments));
 }
 
 const std::string Tree =
@@ -117,10 +117,6 @@ std::vector<std::string> CodeBlocks(const std::string& page) {
     return blocks;
 }
 
-bool Has(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 }  // namespace
 
 TEST(Libraries, TheSampleAsATree) {
@@ -131,7 +127,7 @@ TEST(Libraries, TheSampleAsATree) {
 }
 
 TEST(Libraries, TheProgramInTheInstallationNeedsNoOption) {
-    const fs::path program = fs::path(Sample) / fs::path(ESTIMATE_PROGRAM).filename();
+    const fs::path program = fs::path(SampleRoot) / fs::path(ESTIMATE_PROGRAM).filename();
     EXPECT_EQ(RunAlone(program, {"libraries"}).out, Tree);
 }
 
@@ -334,7 +330,7 @@ TEST(Libraries, WrongUsage) {
           {"libraries", "--family", "x"},
           {"libraries", "--find", "x", "--kind", "other"},
           {"libraries", "--find", ""}}) {
-        const ProgramRun run = RunProgram(arguments);
+        const ProgramRun run = RunEstimate(arguments);
         EXPECT_EQ(run.status, 2);
         EXPECT_NE(run.err, "");
         EXPECT_EQ(run.out, "");

@@ -19,7 +19,7 @@ struct Page {
 };
 
 /// A line as it is read: without requests, fonts and quotes.
-std::string Plain(std::string line) {
+std::string ReadableLine(std::string line) {
     if (line.starts_with("."))
         line.erase(0, line.find(' ') + 1);
     std::string plain;
@@ -35,7 +35,7 @@ std::string Plain(std::string line) {
 
 /// An entry, the line behind ".TP", is of options, or of the commands of a command.
 void ReadEntry(const std::string& section, const std::string& line, Page& page) {
-    std::istringstream words(Plain(line));
+    std::istringstream words(ReadableLine(line));
     std::string word;
     words >> word;
     if (word == section && words >> word)

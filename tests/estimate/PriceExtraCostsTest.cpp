@@ -16,10 +16,10 @@ namespace {
 using Json = nlohmann::json;
 using Texts = std::vector<std::string>;
 
-const std::string Samples = ESTIMATE_SAMPLES;
-const Texts SampleBill = {Samples + "/bill.csv", "--vars", Samples + "/variables.csv"};
+const std::string SampleFolder = ESTIMATE_SAMPLES;
+const Texts SampleBill = {SampleFolder + "/bill.csv", "--vars", SampleFolder + "/variables.csv"};
 const Texts OfBuilding = {"--extra-costs", "建筑子目2012.zkx", "--family", "北京"};
-const Texts SampleRates = {"--rates", Samples + "/extra-costs.csv"};
+const Texts SampleRates = {"--rates", SampleFolder + "/extra-costs.csv"};
 
 Texts operator+(Texts first, const Texts& second) {
     first.insert(first.end(), second.begin(), second.end());
@@ -34,10 +34,6 @@ ProgramResult Price(const Texts& arguments) {
     std::erase(result.out, '\r');
     std::erase(result.err, '\r');
     return result;
-}
-
-bool Has(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
 }
 
 }  // namespace
@@ -124,7 +120,7 @@ TEST(PriceExtraCosts, TheSampleInCsv) {
 
 TEST(PriceExtraCosts, WithoutRatesTheTypesAreListed) {
     const ProgramResult result =
-        Price({Samples + "/project.xml", "--extra-costs", "安装子目2012.zkx", "-f", "北京"});
+        Price({SampleFolder + "/project.xml", "--extra-costs", "安装子目2012.zkx", "-f", "北京"});
     EXPECT_EQ(result.status, 0) << result.err;
     for (const char* line : {"子目系数  操作高度增加        2,973,878.20\n          小计                     "
                              "                      0.00\n",
@@ -134,8 +130,9 @@ TEST(PriceExtraCosts, WithoutRatesTheTypesAreListed) {
 }
 
 TEST(PriceExtraCosts, EveryNumberOfJobsGivesTheSame) {
-    const Texts bills = {Samples + "/project.xml", Samples + "/overview.xml", Samples + "/project.xml",
-                         Samples + "/overview.xml", Samples + "/project.xml"};
+    const Texts bills = {SampleFolder + "/project.xml", SampleFolder + "/overview.xml",
+                         SampleFolder + "/project.xml", SampleFolder + "/overview.xml",
+                         SampleFolder + "/project.xml"};
     for (const Texts& form : {Texts{"--json"}, Texts{}}) {
         const Texts arguments = bills + form + OfBuilding + SampleRates;
         const ProgramResult one = Price(arguments + Texts{"--jobs", "1"});
@@ -176,5 +173,5 @@ TEST(PriceExtraCosts, WhatCantBeChargedAtAllIsRefused) {
     refuses(SampleRates, "--extra-costs");
     refuses(OfBuilding + Texts{"--rates", rates}, "no row names the columns: name, rate");
     refuses(OfBuilding + Texts{"--rates", folder.Path("none.csv")}, "the file can't be read");
-    refuses(Texts{Samples + "/bill.csv", "--rates", "-"} + OfBuilding, "standard input is one file");
+    refuses(Texts{SampleFolder + "/bill.csv", "--rates", "-"} + OfBuilding, "standard input is one file");
 }

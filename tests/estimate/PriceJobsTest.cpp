@@ -26,7 +26,7 @@ protected:
     }
     ProgramRun Price(std::vector<std::string> arguments) {
         arguments.insert(arguments.begin(), "price");
-        return RunProgram(arguments);
+        return RunEstimate(arguments);
     }
     std::vector<std::string> SomeBills() {
         std::vector<std::string> bills;

@@ -20,7 +20,7 @@ Report ReportOf(const std::string& rows) {
     return report;
 }
 
-Report Sample() {
+Report SampleReport() {
     return ReportOf(
         "010401001001,\"砖\n基础\",\"1.砖:\"\"MU10\"\"\n2.砂浆\",m3,2+3,1234.56\n4-1,砖基础,,10m3,Q/10,40\n"
         "010801001001,木门,,樘,2,10.125\n4-9,坏,,m3,?,1\n");
@@ -33,14 +33,10 @@ std::string Written(const Write& write, const Report& report) {
     return out.str();
 }
 
-bool Has(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 }  // namespace
 
 TEST(Report, Text) {
-    Report report = Sample();
+    Report report = SampleReport();
     const std::string text = Written(WriteText, report);
     EXPECT_TRUE(Has(text, "0104 砌筑工程\n"));
     EXPECT_TRUE(Has(text, "010401001001  砖 基础   m3"));
@@ -58,7 +54,7 @@ TEST(Report, Text) {
 }
 
 TEST(Report, ColumnsLineUp) {
-    const Report report = Sample();
+    const Report report = SampleReport();
     std::istringstream text(Written(WriteText, report));
     std::size_t rule = 0;
     std::size_t items = 0;
@@ -75,7 +71,7 @@ TEST(Report, ColumnsLineUp) {
 }
 
 TEST(Report, JsonIsValidAndComplete) {
-    Report report = Sample();
+    Report report = SampleReport();
     report.area = 10;
     const auto json = nlohmann::json::parse(Written(WriteJson, report));
     ASSERT_EQ(json["items"].size(), 2u);
@@ -108,7 +104,7 @@ TEST(Report, JsonOfAnEmptyBillIsValid) {
 }
 
 TEST(Report, CsvReadsBack) {
-    std::istringstream in(Written(WriteCsv, Sample()));
+    std::istringstream in(Written(WriteCsv, SampleReport()));
     std::vector<std::vector<std::string>> rows;
     ReadCsv(in, Encoding::Utf8,
             [&](const CsvRow& row) { rows.emplace_back(row.fields.begin(), row.fields.end()); });

@@ -3,29 +3,19 @@
 #include <gtest/gtest.h>
 
 #include "ArgumentFolder.h"
-#include "CsvRows.h"
 #include "TestSupport.h"
 
 namespace {
 
 using Row = std::vector<std::string>;
 
-const std::string Bill = std::string(ESTIMATE_SAMPLES) + "/bill.csv";
-const std::string VariableTable = std::string(ESTIMATE_SAMPLES) + "/variables.csv";
-
-std::vector<Row> RowsOf(const std::string& csv) {
-    std::istringstream in(csv);
-    std::vector<Row> rows;
-    Estimate::ReadCsv(in, Estimate::Encoding::Utf8, [&](const Estimate::CsvRow& row) {
-        rows.emplace_back(row.fields.begin(), row.fields.end());
-    });
-    return rows;
-}
+const std::string SampleTable = std::string(ESTIMATE_SAMPLES) + "/bill.csv";
+const std::string SampleVariables = std::string(ESTIMATE_SAMPLES) + "/variables.csv";
 
 /// kind, code, name, unit, quantity, price, amount of the rows that the expectations hold.
 std::vector<Row> Priced(const std::string& csv) {
     std::vector<Row> priced;
-    for (const Row& row : RowsOf(csv)) {
+    for (const Row& row : CsvRowsOf(csv)) {
         if (row[0] == "bill" || row[0] == "quota")
             priced.push_back({row[0], row[1], row[2], row[4], row[6], row[7], row[8]});
         else if (row[0] == "chapter")
@@ -40,10 +30,10 @@ std::vector<Row> Priced(const std::string& csv) {
 
 // The expected rows were calculated with exact fractions by the rules of school arithmetic.
 TEST(Sample, EveryRowAsCalculatedByHand) {
-    const ProgramRun run = RunProgram({"price", Bill, "--vars", VariableTable, "--csv"});
+    const ProgramRun run = RunEstimate({"price", SampleTable, "--vars", SampleVariables, "--csv"});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.err, "");
-    std::vector<Row> expected = RowsOf(ReadWhole(std::string(ESTIMATE_DATA) + "/office-expected.csv"));
+    std::vector<Row> expected = CsvRowsOf(ReadWhole(std::string(ESTIMATE_DATA) + "/office-expected.csv"));
     expected.erase(expected.begin());
     const std::vector<Row> priced = Priced(run.out);
     ASSERT_EQ(priced.size(), expected.size());
@@ -54,7 +44,8 @@ TEST(Sample, EveryRowAsCalculatedByHand) {
 TEST(Sample, IsARealBuilding) {
     std::map<std::string, int> kinds;
     std::map<std::string, int> chapters;
-    for (const Row& row : RowsOf(RunProgram({"price", Bill, "--vars", VariableTable, "--csv"}).out)) {
+    for (const Row& row :
+         CsvRowsOf(RunEstimate({"price", SampleTable, "--vars", SampleVariables, "--csv"}).out)) {
         ++kinds[row[0]];
         if (row[0] == "bill")
             ++chapters[row[1].substr(0, 4)];
@@ -68,7 +59,8 @@ TEST(Sample, IsARealBuilding) {
 
 TEST(Sample, AmountsAddUp) {
     std::map<std::string, long long> sums;
-    for (const Row& row : RowsOf(RunProgram({"price", Bill, "--vars", VariableTable, "--csv"}).out)) {
+    for (const Row& row :
+         CsvRowsOf(RunEstimate({"price", SampleTable, "--vars", SampleVariables, "--csv"}).out)) {
         if (row[8].empty() || row[8] == "amount")
             continue;
         std::string fen = row[8];
@@ -83,7 +75,8 @@ TEST(Sample, AmountsAddUp) {
 }
 
 TEST(Sample, TheTextEndsWithTheTotal) {
-    const ProgramRun run = RunProgram({"price", Bill, "--vars", VariableTable, "--area", "LW*BW*3"});
+    const ProgramRun run =
+        RunEstimate({"price", SampleTable, "--vars", SampleVariables, "--area", "LW*BW*3"});
     EXPECT_EQ(run.status, 0);
     EXPECT_TRUE(
         run.out.ends_with("清单合计  2,973,878.20 元\n单方造价  1,868.41 元/m2\n"
@@ -92,7 +85,7 @@ TEST(Sample, TheTextEndsWithTheTotal) {
 }
 
 TEST(Sample, WithoutItsVariablesMostRowsAreBad) {
-    const ProgramRun run = RunProgram({"price", Bill});
+    const ProgramRun run = RunEstimate({"price", SampleTable});
     EXPECT_EQ(run.status, 1);
     EXPECT_NE(run.err.find("\"LW\" is neither a number nor a known variable"), std::string::npos);
 }
@@ -100,7 +93,7 @@ TEST(Sample, WithoutItsVariablesMostRowsAreBad) {
 namespace {
 
 const std::string Document = std::string(ESTIMATE_SAMPLES) + "/project.xml";
-const std::string ProjectName = "三层办公楼";
+const std::string SampleProject = "三层办公楼";
 
 }  // namespace
 
@@ -108,23 +101,23 @@ TEST(Sample, TheDocumentIsPricedAsTheTablesAre) {
     for (const std::vector<std::string>& form :
          {std::vector<std::string>{}, {"--features"}, {"--json"}, {"--csv"}, {"--csv", "--bom"}}) {
         std::vector<std::string> document = {"price", Document};
-        std::vector<std::string> tables = {"price",  Bill,        "--vars", VariableTable,
-                                           "--name", ProjectName, "--area", "LW*BW*3"};
+        std::vector<std::string> tables = {"price",  SampleTable,   "--vars", SampleVariables,
+                                           "--name", SampleProject, "--area", "LW*BW*3"};
         document.insert(document.end(), form.begin(), form.end());
         tables.insert(tables.end(), form.begin(), form.end());
-        const ProgramRun run = RunProgram(document);
+        const ProgramRun run = RunEstimate(document);
         EXPECT_EQ(run.status, 0);
         EXPECT_EQ(run.err, "");
         EXPECT_GT(run.out.size(), 10'000u);
-        EXPECT_EQ(run.out, RunProgram(tables).out);
+        EXPECT_EQ(run.out, RunEstimate(tables).out);
     }
 }
 
 TEST(Sample, TheDocumentIsWhatTheTablesConvertTo) {
     const ArgumentFolder folder;
     const std::string made = folder.Path("made.xml");
-    EXPECT_EQ(RunProgram({"convert", Bill, "--vars", VariableTable, "--name", ProjectName, "--area",
-                          "LW*BW*3", "-o", made})
+    EXPECT_EQ(RunEstimate({"convert", SampleTable, "--vars", SampleVariables, "--name", SampleProject,
+                           "--area", "LW*BW*3", "-o", made})
                   .status,
               0);
     EXPECT_EQ(ReadWhole(made), ReadWhole(Document));
@@ -134,7 +127,7 @@ TEST(Sample, TheDocumentConvertsBackToTheTables) {
     const ArgumentFolder folder;
     const std::string bill = folder.Path("bill.csv");
     const std::string variables = folder.Path("variables.csv");
-    EXPECT_EQ(RunProgram({"convert", Document, "-o", bill, "--vars-out", variables}).status, 0);
-    EXPECT_EQ(RowsOf(ReadWhole(bill)), RowsOf(ReadWhole(Bill)));
-    EXPECT_EQ(RowsOf(ReadWhole(variables)), RowsOf(ReadWhole(VariableTable)));
+    EXPECT_EQ(RunEstimate({"convert", Document, "-o", bill, "--vars-out", variables}).status, 0);
+    EXPECT_EQ(CsvRowsOf(ReadWhole(bill)), CsvRowsOf(ReadWhole(SampleTable)));
+    EXPECT_EQ(CsvRowsOf(ReadWhole(variables)), CsvRowsOf(ReadWhole(SampleVariables)));
 }

@@ -8,7 +8,7 @@ using namespace Estimate;
 
 namespace {
 
-PricedBill Sample() {
+PricedBill PricedSample() {
     return PriceBill(std::string(Headings) +
                      "010515001001,a,,t,1.5,100\n4-91,筋,,kg,250,5\n"
                      "010401001001,b,,m3,2,10\n4-1,砖,,10m3,Q/10,40\n4-91,筋,,kg,50.5,5\n"
@@ -19,7 +19,7 @@ PricedBill Sample() {
 }  // namespace
 
 TEST(Summary, Chapters) {
-    const PricedBill priced = Sample();
+    const PricedBill priced = PricedSample();
     const std::vector<Chapter> chapters = ChaptersOf(priced.bill);
     ASSERT_EQ(chapters.size(), 3u);
     EXPECT_EQ(chapters[0].code, "0104");
@@ -37,7 +37,7 @@ TEST(Summary, Chapters) {
 }
 
 TEST(Summary, IndicatorUnits) {
-    const PricedBill priced = Sample();
+    const PricedBill priced = PricedSample();
     const std::vector<IndicatorSum> sums = IndicatorsOf(priced.bill);
     ASSERT_EQ(sums.size(), 3u);
     EXPECT_EQ(sums[0].unit, "m3");
@@ -51,7 +51,7 @@ TEST(Summary, IndicatorUnits) {
 }
 
 TEST(Summary, ResourcesWithOneIdentityMeet) {
-    const PricedBill priced = Sample();
+    const PricedBill priced = PricedSample();
     const std::vector<Resource> resources = ResourcesOf(priced.bill);
     ASSERT_EQ(resources.size(), 5u);  // name, unit and price tell four of code 4-91 apart
     EXPECT_EQ(resources[0].code, "4-1");

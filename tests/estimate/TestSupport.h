@@ -9,6 +9,7 @@
 
 #include "BillReader.h"
 #include "Commands.h"
+#include "CsvRows.h"
 #include "EnglishText.h"
 #include "Report.h"
 #include "Variables.h"
@@ -19,8 +20,8 @@ struct ProgramRun {
     std::string err;
 };
 
-inline ProgramRun RunProgram(const std::vector<std::string>& arguments, const std::string& input = {},
-                             Estimate::Language language = Estimate::Language::English) {
+inline ProgramRun RunEstimate(const std::vector<std::string>& arguments, const std::string& input = {},
+                              Estimate::Language language = Estimate::Language::English) {
     std::istringstream in(input);
     std::ostringstream out;
     std::ostringstream err;
@@ -61,6 +62,20 @@ inline PricedBill PriceBill(const std::string& csv, const std::string& variableT
 }
 
 inline constexpr const char* Headings = "code,name,features,unit,formula,price\n";
+
+inline bool Has(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+/// The fields of each row, the headings among them.
+inline std::vector<std::vector<std::string>> CsvRowsOf(const std::string& csv) {
+    std::istringstream in(csv);
+    std::vector<std::vector<std::string>> rows;
+    Estimate::ReadCsv(in, Estimate::Encoding::Utf8, [&](const Estimate::CsvRow& row) {
+        rows.emplace_back(row.fields.begin(), row.fields.end());
+    });
+    return rows;
+}
 
 inline std::string ReadWhole(const std::string& path) {
     std::ifstream in(path, std::ios::binary);

@@ -13,7 +13,7 @@ namespace {
 
 using namespace ExpressionAnalyse;
 
-std::unique_ptr<IExpressionNode> Parse(const CString& formula) {
+std::unique_ptr<IExpressionNode> ParsedNode(const CString& formula) {
     CExpressionAnalyse analyser;
     std::int32_t error = -1;
     std::unique_ptr<IExpressionNode> root(analyser.AnalyseExpression(formula, &error));
@@ -54,7 +54,7 @@ private:
 };
 
 TEST(ExpressionNode, ShapeOfAParsedTree) {
-    const auto root = Parse(u"-(Ab+2)*sin[x]");
+    const auto root = ParsedNode(u"-(Ab+2)*sin[x]");
     EXPECT_TRUE(root->IsNodeType(eNodeType_Operator));
     EXPECT_EQ(root->GetNodeText(), u"*");
     EXPECT_TRUE(root->IsBracketType(eBracketType_None));
@@ -80,7 +80,7 @@ TEST(ExpressionNode, ShapeOfAParsedTree) {
 }
 
 TEST(ExpressionNode, OperandsInsideFunctionsLoseTheirCase) {
-    const auto root = Parse(u"SQRT(AREA+Q)+AREA");
+    const auto root = ParsedNode(u"SQRT(AREA+Q)+AREA");
     IExpressionNode* inner = root->GetLeftNode()->GetLeftNode()->GetLeftNode();
     EXPECT_EQ(inner->GetLeftNode()->GetNodeText(), u"area");
     EXPECT_EQ(inner->GetRightNode()->GetNodeText(), u"q");
@@ -91,7 +91,7 @@ TEST(ExpressionNode, IsNumberAsksForDigitsAndPoints) {
     const std::pair<const char16_t*, bool> cases[] = {{u"12", true},   {u"1.2.3", true}, {u".", true},
                                                       {u"12%", false}, {u"x", false},    {u"1e5", false}};
     for (const auto& [text, expected] : cases) {
-        const auto root = Parse(text);
+        const auto root = ParsedNode(text);
         EXPECT_EQ(root->IsNumber(), expected);
         root->SetNodeText(u"");
         EXPECT_FALSE(root->IsNumber());
@@ -99,7 +99,7 @@ TEST(ExpressionNode, IsNumberAsksForDigitsAndPoints) {
 }
 
 TEST(ExpressionNode, VariablesAreBoundAndReboundThroughTheirLeaves) {
-    const auto root = Parse(u"abc+1");
+    const auto root = ParsedNode(u"abc+1");
     EXPECT_EQ(root->CalcValue(), 1.0);
     IExpressionNode* leaf = root->GetLeftNode();
     leaf->SetLeafText(u"2");
@@ -116,13 +116,13 @@ TEST(ExpressionNode, VariablesAreBoundAndReboundThroughTheirLeaves) {
 }
 
 TEST(ExpressionNode, SetLeafTextLeavesNodesWithChildrenAlone) {
-    const auto root = Parse(u"(1+2)");
+    const auto root = ParsedNode(u"(1+2)");
     root->SetLeafText(u"7");
     EXPECT_EQ(root->GetNodeText(), u"");
     root->GetLeftNode()->SetLeafText(u"7");
     EXPECT_EQ(root->GetLeftNode()->GetNodeText(), u"+");
     // A leaf of any type takes it, and a function alone is a leaf.
-    const auto function = Parse(u"sin");
+    const auto function = ParsedNode(u"sin");
     function->SetLeafText(u"COS");
     EXPECT_EQ(function->GetNodeText(), u"COS");
     EXPECT_EQ(function->CalcValue(), 1.0);
@@ -132,7 +132,7 @@ TEST(ExpressionNode, SetLeafTextLeavesNodesWithChildrenAlone) {
 }
 
 TEST(ExpressionNode, TextsAndTypesSetByHand) {
-    const auto root = Parse(u"6+3");
+    const auto root = ParsedNode(u"6+3");
     root->SetNodeText(u"^");
     EXPECT_EQ(root->CalcValue(), 5.0);
     root->SetNodeText(u"nothing");
@@ -156,10 +156,10 @@ TEST(ExpressionNode, TextsAndTypesSetByHand) {
 }
 
 TEST(ExpressionNode, ValuesAreThoseOfTheLastCalculation) {
-    const auto unseen = Parse(u"6+3");
+    const auto unseen = ParsedNode(u"6+3");
     unseen->SetNodeText(u"odd");
     EXPECT_EQ(unseen->CalcValue(), 0.0);
-    const auto seen = Parse(u"6+(3+3)");
+    const auto seen = ParsedNode(u"6+(3+3)");
     EXPECT_EQ(seen->CalcValue(), 12.0);
     IExpressionNode* group = seen->GetRightNode();
     group->SetNodeType(eNodeType_Operator);
@@ -174,7 +174,7 @@ TEST(ExpressionNode, ValuesAreThoseOfTheLastCalculation) {
 }
 
 TEST(ExpressionNode, SeveralOperandsAreReboundBetweenCalculations) {
-    const auto root = Parse(u"x+y*z+w");
+    const auto root = ParsedNode(u"x+y*z+w");
     IExpressionNode* x = root->GetLeftNode();
     IExpressionNode* y = root->GetRightNode()->GetLeftNode()->GetLeftNode();
     x->SetLeafText(u"1");
@@ -187,7 +187,7 @@ TEST(ExpressionNode, SeveralOperandsAreReboundBetweenCalculations) {
     y->SetLeafText(u"1");
     x->SetLeafText(u"3");
     EXPECT_EQ(root->CalcValue(), 0.0);
-    const auto alone = Parse(u"x");
+    const auto alone = ParsedNode(u"x");
     alone->SetLeafText(u"8");
     EXPECT_EQ(alone->CalcValue(), 8.0);
     alone->SetLeafText(u"9");
@@ -196,7 +196,7 @@ TEST(ExpressionNode, SeveralOperandsAreReboundBetweenCalculations) {
 
 TEST(ExpressionNode, ExclusiveOrTruncatesToInts) {
     const auto value = [](const CString& left, const CString& right) {
-        const auto root = Parse(u"1+1");
+        const auto root = ParsedNode(u"1+1");
         root->GetLeftNode()->SetLeafText(left);
         root->GetRightNode()->SetLeafText(right);
         root->SetNodeText(u"^");
@@ -211,10 +211,10 @@ TEST(ExpressionNode, ExclusiveOrTruncatesToInts) {
 }
 
 TEST(ExpressionNode, ToStringPrintsGroupsBehindTheirContent) {
-    EXPECT_EQ(Parse(u"(1+2)*3")->ToString(), u"()");
-    EXPECT_EQ(Parse(u"[(1)]+{2}")->ToString(), u"()[]{}");
-    EXPECT_EQ(Parse(u"1+2")->ToString(), u"");
-    const auto root = Parse(u"(1)+2");
+    EXPECT_EQ(ParsedNode(u"(1+2)*3")->ToString(), u"()");
+    EXPECT_EQ(ParsedNode(u"[(1)]+{2}")->ToString(), u"()[]{}");
+    EXPECT_EQ(ParsedNode(u"1+2")->ToString(), u"");
+    const auto root = ParsedNode(u"(1)+2");
     root->GetLeftNode()->SetNodeText(u"a");
     root->GetLeftNode()->GetLeftNode()->SetBracketType(eBracketType_Curly);
     root->SetBracketType(eBracketType_Square);
@@ -228,8 +228,8 @@ TEST(ExpressionNode, ToStringPrintsGroupsBehindTheirContent) {
 }
 
 TEST(ExpressionNode, ChildrenOfOperandsAreCalculatedToo) {
-    const auto root = Parse(u"5");
-    const auto child = Parse(u"6+3");
+    const auto root = ParsedNode(u"5");
+    const auto child = ParsedNode(u"6+3");
     EXPECT_EQ(child->CalcValue(), 9.0);
     child->SetNodeText(u"odd");
     child->SetNegative(true);
@@ -241,7 +241,7 @@ TEST(ExpressionNode, ChildrenOfOperandsAreCalculatedToo) {
 }
 
 TEST(ExpressionNode, ChildrenSetToNullCountAsZero) {
-    const auto root = Parse(u"5-3");
+    const auto root = ParsedNode(u"5-3");
     const std::unique_ptr<IExpressionNode> left(root->GetLeftNode());
     root->SetLeftNode(nullptr);
     EXPECT_EQ(root->CalcValue(), -3.0);
@@ -255,7 +255,7 @@ TEST(ExpressionNode, ChildrenSetToNullCountAsZero) {
 TEST(ExpressionNode, APartOutlivesItsTree) {
     std::unique_ptr<IExpressionNode> part;
     {
-        const auto root = Parse(u"1+(2+x)*4");
+        const auto root = ParsedNode(u"1+(2+x)*4");
         part.reset(root->GetRightNode()->GetLeftNode());
         root->GetRightNode()->SetLeftNode(nullptr);
         EXPECT_EQ(root->CalcValue(), 1.0);
@@ -266,9 +266,9 @@ TEST(ExpressionNode, APartOutlivesItsTree) {
 }
 
 TEST(ExpressionNode, TreesAreJoinedByHand) {
-    auto left = Parse(u"1+2");
-    auto right = Parse(u"(4)");
-    const auto root = Parse(u"x*y");
+    auto left = ParsedNode(u"1+2");
+    auto right = ParsedNode(u"(4)");
+    const auto root = ParsedNode(u"x*y");
     delete root->GetLeftNode();
     root->SetLeftNode(left.release());
     IExpressionNode* old = root->GetRightNode();
@@ -279,7 +279,7 @@ TEST(ExpressionNode, TreesAreJoinedByHand) {
 }
 
 TEST(ExpressionNode, ADeletedChildCountsAsNone) {
-    const auto root = Parse(u"1+(2+3)");
+    const auto root = ParsedNode(u"1+(2+3)");
     delete root->GetRightNode();
     EXPECT_EQ(root->GetRightNode(), nullptr);
     EXPECT_EQ(root->CalcValue(), 1.0);
@@ -287,20 +287,20 @@ TEST(ExpressionNode, ADeletedChildCountsAsNone) {
     delete root->GetLeftNode();
     EXPECT_TRUE(root->IsLeaf());
     root->SetLeftNode(nullptr);
-    root->SetRightNode(Parse(u"9").release());
+    root->SetRightNode(ParsedNode(u"9").release());
     EXPECT_EQ(root->CalcValue(), 9.0);
 }
 
 TEST(ExpressionNode, ANodeHeldTwiceIsDeletedOnce) {
     {
-        const auto root = Parse(u"2*3");
+        const auto root = ParsedNode(u"2*3");
         delete root->GetRightNode();
         root->SetRightNode(root->GetLeftNode());
         EXPECT_EQ(root->CalcValue(), 4.0);
     }
-    const auto other = Parse(u"1+1");
+    const auto other = ParsedNode(u"1+1");
     {
-        const auto root = Parse(u"(7)+2");
+        const auto root = ParsedNode(u"(7)+2");
         delete other->GetLeftNode();
         other->SetLeftNode(root->GetLeftNode());
         EXPECT_EQ(root->CalcValue(), 9.0);
@@ -309,8 +309,8 @@ TEST(ExpressionNode, ANodeHeldTwiceIsDeletedOnce) {
 }
 
 TEST(ExpressionNode, ARootMayBecomeAChildAndBeDeletedByEither) {
-    auto child = Parse(u"2*3");
-    const auto root = Parse(u"x+1");
+    auto child = ParsedNode(u"2*3");
+    const auto root = ParsedNode(u"x+1");
     delete root->GetLeftNode();
     root->SetLeftNode(child.get());
     EXPECT_EQ(root->CalcValue(), 7.0);
@@ -319,21 +319,21 @@ TEST(ExpressionNode, ARootMayBecomeAChildAndBeDeletedByEither) {
 }
 
 TEST(ExpressionNode, CirclesEndAndGoAway) {
-    auto root = Parse(u"1+(2)");
+    auto root = ParsedNode(u"1+(2)");
     delete root->GetRightNode()->GetLeftNode();
     root->GetRightNode()->SetLeftNode(root.get());
     EXPECT_EQ(root->CalcValue(), 1.0);
     EXPECT_EQ(root->ToString(), u"()");
     root.reset();
 
-    auto top = Parse(u"3+((4))");
+    auto top = ParsedNode(u"3+((4))");
     IExpressionNode* outer = top->GetRightNode();
     delete outer->GetLeftNode()->GetLeftNode();
     outer->GetLeftNode()->SetLeftNode(outer);
     EXPECT_EQ(top->CalcValue(), 3.0);
     top.reset();
 
-    auto self = Parse(u"(5)");
+    auto self = ParsedNode(u"(5)");
     delete self->GetLeftNode();
     self->SetLeftNode(self.get());
     EXPECT_EQ(self->CalcValue(), 0.0);
@@ -341,9 +341,9 @@ TEST(ExpressionNode, CirclesEndAndGoAway) {
 }
 
 TEST(ExpressionNode, ACircleThatIsHeldFromOutsideStays) {
-    const auto other = Parse(u"1+x");
+    const auto other = ParsedNode(u"1+x");
     {
-        auto top = Parse(u"3+((4)+6)");
+        auto top = ParsedNode(u"3+((4)+6)");
         IExpressionNode* outer = top->GetRightNode();
         IExpressionNode* inner = outer->GetLeftNode()->GetLeftNode();
         delete inner->GetLeftNode();
@@ -358,7 +358,7 @@ TEST(ExpressionNode, ACircleThatIsHeldFromOutsideStays) {
 TEST(ExpressionNode, HostNodesTakePart) {
     int deaths = 0;
     {
-        const auto root = Parse(u"x*(y)");
+        const auto root = ParsedNode(u"x*(y)");
         delete root->GetLeftNode();
         root->SetLeftNode(new Constant(6.0, &deaths));
         root->GetRightNode()->SetNegative(true);
@@ -377,13 +377,13 @@ TEST(ExpressionNode, HostNodesTakePart) {
 
 TEST(ExpressionNode, WhatAHostNodeRaisesLeavesTheTreeUsable) {
     int deaths = 0;
-    const auto root = Parse(u"(1+(x))");
+    const auto root = ParsedNode(u"(1+(x))");
     IExpressionNode* inner = root->GetLeftNode()->GetRightNode();
     delete inner->GetLeftNode();
     inner->SetLeftNode(new Constant(std::nan(""), &deaths));
     EXPECT_THROW(root->CalcValue(), std::runtime_error);
     delete inner->GetLeftNode();
-    inner->SetLeftNode(Parse(u"41").release());
+    inner->SetLeftNode(ParsedNode(u"41").release());
     EXPECT_EQ(root->CalcValue(), 42.0);
 }
 
@@ -394,7 +394,7 @@ TEST(ExpressionNode, RandomSurgery) {
         std::vector<IExpressionNode*> roots;
         std::vector<IExpressionNode*> nodes;
         for (const char16_t* formula : {u"1+(2*3)-sin(x)", u"[a+b]*{c}/4", u"7", u"((1+1)+1)+1"}) {
-            roots.push_back(Parse(formula).release());
+            roots.push_back(ParsedNode(formula).release());
             std::vector<IExpressionNode*> pending{roots.back()};
             while (!pending.empty()) {
                 IExpressionNode* node = pending.back();
@@ -436,7 +436,7 @@ TEST(ExpressionNode, RandomSurgery) {
         }
         // What was cut off belongs to the host: held once more under roots of its own, it goes with them.
         for (IExpressionNode* node : nodes) {
-            IExpressionNode* holder = Parse(u"(0)").release();
+            IExpressionNode* holder = ParsedNode(u"(0)").release();
             delete holder->GetLeftNode();
             holder->SetLeftNode(node);
             roots.push_back(holder);

@@ -16,7 +16,7 @@ namespace {
 using List = std::list<CString>;
 using Map = std::map<int, CString>;
 
-List Found(const CString& text, bool unique = false) {
+List VariablesIn(const CString& text, bool unique = false) {
     List out;
     IQsUtils::FindVariable(text, out, unique);
     return out;
@@ -49,22 +49,22 @@ TEST(IsVariable, LettersThatAreNoHeads) {
 }
 
 TEST(FindVariable, List) {
-    EXPECT_EQ(Found(u"A+B*2"), (List{u"A", u"B"}));
-    EXPECT_EQ(Found(u"A+A"), (List{u"A"}));  // the end of the text asks for what is held already
-    EXPECT_EQ(Found(u"A+A+1"), (List{u"A", u"A"}));
-    EXPECT_EQ(Found(u"[Q]*2"), (List{u"[Q]"}));
-    EXPECT_EQ(Found(u"{A}+B"), (List{u"B"}));
-    EXPECT_EQ(Found(u"EXP(A)"), (List{u"EXP", u"A"}));
-    EXPECT_EQ(Found(u"A.5"), (List{u"A"}));
-    EXPECT_EQ(Found(u"2A"), (List{u"A"}));
-    EXPECT_EQ(Found(u"A2"), (List{u"A2"}));
-    EXPECT_EQ(Found(u"[A]]"), (List{u"[A]", u"]"}));
-    EXPECT_EQ(Found(u"SIN(A)"), (List{u"SINA"}));
-    EXPECT_EQ(Found(u"[sin]+[b]"), (List{u"[sin]", u"[b]"}));
-    EXPECT_EQ(Found(u"a+sin]+[b]"), (List{u"a", u"[b]"}));
-    EXPECT_EQ(Found(u"A{B}C+1"), (List{u"AC"}));
-    EXPECT_EQ(Found(u"Q+q"), (List{u"Q", u"q"}));
-    EXPECT_EQ(Found(u"12+3"), List{});
+    EXPECT_EQ(VariablesIn(u"A+B*2"), (List{u"A", u"B"}));
+    EXPECT_EQ(VariablesIn(u"A+A"), (List{u"A"}));  // the end of the text asks for what is held already
+    EXPECT_EQ(VariablesIn(u"A+A+1"), (List{u"A", u"A"}));
+    EXPECT_EQ(VariablesIn(u"[Q]*2"), (List{u"[Q]"}));
+    EXPECT_EQ(VariablesIn(u"{A}+B"), (List{u"B"}));
+    EXPECT_EQ(VariablesIn(u"EXP(A)"), (List{u"EXP", u"A"}));
+    EXPECT_EQ(VariablesIn(u"A.5"), (List{u"A"}));
+    EXPECT_EQ(VariablesIn(u"2A"), (List{u"A"}));
+    EXPECT_EQ(VariablesIn(u"A2"), (List{u"A2"}));
+    EXPECT_EQ(VariablesIn(u"[A]]"), (List{u"[A]", u"]"}));
+    EXPECT_EQ(VariablesIn(u"SIN(A)"), (List{u"SINA"}));
+    EXPECT_EQ(VariablesIn(u"[sin]+[b]"), (List{u"[sin]", u"[b]"}));
+    EXPECT_EQ(VariablesIn(u"a+sin]+[b]"), (List{u"a", u"[b]"}));
+    EXPECT_EQ(VariablesIn(u"A{B}C+1"), (List{u"AC"}));
+    EXPECT_EQ(VariablesIn(u"Q+q"), (List{u"Q", u"q"}));
+    EXPECT_EQ(VariablesIn(u"12+3"), List{});
 }
 
 TEST(FindVariable, AFunctionAloneIsTrueAndAddsNothing) {
@@ -74,11 +74,11 @@ TEST(FindVariable, AFunctionAloneIsTrueAndAddsNothing) {
 }
 
 TEST(FindVariable, UniqueLetsRepeatedTokensRunOn) {
-    EXPECT_EQ(Found(u"A+A+B", true), (List{u"A", u"AB"}));
-    EXPECT_EQ(Found(u"A+A+B+1", true), (List{u"A", u"AB"}));
-    EXPECT_EQ(Found(u"[Q]+[Q]", true), (List{u"[Q]", u"[Q]"}));
-    EXPECT_EQ(Found(u"A+[B]+A]+1", true), (List{u"A", u"[B]", u"A1"}));
-    EXPECT_EQ(Found(u"A+A]+B", true), (List{u"A", u"AB"}));
+    EXPECT_EQ(VariablesIn(u"A+A+B", true), (List{u"A", u"AB"}));
+    EXPECT_EQ(VariablesIn(u"A+A+B+1", true), (List{u"A", u"AB"}));
+    EXPECT_EQ(VariablesIn(u"[Q]+[Q]", true), (List{u"[Q]", u"[Q]"}));
+    EXPECT_EQ(VariablesIn(u"A+[B]+A]+1", true), (List{u"A", u"[B]", u"A1"}));
+    EXPECT_EQ(VariablesIn(u"A+A]+B", true), (List{u"A", u"AB"}));
 }
 
 TEST(FindVariable, OutputsAreAddedTo) {
@@ -106,8 +106,8 @@ TEST(FindVariable, Map) {
 
 TEST(FindVariable, AHanziIsALetterByItsLowByte) {
     // 中 is U+4E2D and 土 is U+571F: separators. 长 is U+957F: one too. 宽 is U+5BBD: a letter.
-    EXPECT_EQ(Found(u"宽中A"), (List{u"宽", u"A"}));
-    EXPECT_EQ(Found(u"长宽+1"), (List{u"宽"}));
+    EXPECT_EQ(VariablesIn(u"宽中A"), (List{u"宽", u"A"}));
+    EXPECT_EQ(VariablesIn(u"长宽+1"), (List{u"宽"}));
 }
 
 TEST(IsIncludeQ, InEitherCaseAndWithBrackets) {
@@ -198,12 +198,12 @@ TEST(FormulaVariables, LongFormulas) {
     CString formula;
     for (int i = 0; i < 200000; ++i)
         formula += u"A+[Q]*SIN(B)+";
-    EXPECT_EQ(Found(formula).size(), 3u * 200000);
+    EXPECT_EQ(VariablesIn(formula).size(), 3u * 200000);
     EXPECT_EQ(Placed(formula).size(), 3u * 200000);
     EXPECT_EQ(Replaced(formula, u"A", u"12").GetLength(), formula.GetLength() + 200000);
     // A long token that is held already, and nothing but separators behind it.
     const CString token(u'A', 200000);
-    EXPECT_EQ(Found(token + u"+" + token + CString(u'+', 200000), true).size(), 1u);
+    EXPECT_EQ(VariablesIn(token + u"+" + token + CString(u'+', 200000), true).size(), 1u);
     EXPECT_FALSE(IQsUtils::IsVariable(CString(u'(', 300000) + CString(u'1', 300000)));
     CString heads;
     for (int i = 0; i < 100000; ++i)

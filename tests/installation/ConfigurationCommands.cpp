@@ -145,12 +145,12 @@ void MarkMap(Arguments& arguments) {
     AnswerMap(marks);
 }
 
-struct Command {
+struct ConfigurationCommand {
     const char16_t* name;
     void (*run)(Arguments& arguments);
 };
 
-constexpr Command Commands[] = {
+constexpr ConfigurationCommand ConfigurationCommands[] = {
     {u"take-up", Init},
     {u"options", Options},
     {u"types", Types},
@@ -169,9 +169,9 @@ constexpr Command Commands[] = {
 }  // namespace
 
 bool DoConfiguration(const CString& command, Arguments& arguments) {
-    const auto found = std::find_if(std::begin(Commands), std::end(Commands),
-                                    [&](const Command& each) { return command == each.name; });
-    if (found == std::end(Commands))
+    const auto found = std::find_if(std::begin(ConfigurationCommands), std::end(ConfigurationCommands),
+                                    [&](const ConfigurationCommand& each) { return command == each.name; });
+    if (found == std::end(ConfigurationCommands))
         return false;
     found->run(arguments);
     return true;

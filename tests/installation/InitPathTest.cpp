@@ -9,11 +9,11 @@ using Answers = ProbedInstallation::Answers;
 
 namespace {
 
-constexpr const char* File = "SystemConfig.ini";
+constexpr const char* SettingsFile = "SystemConfig.ini";
 
 Answers InitPath(std::string_view contents) {
     const ProbedInstallation installation;
-    installation.Write(File, contents);
+    installation.Write(SettingsFile, contents);
     return installation.Ask({u"init"});
 }
 

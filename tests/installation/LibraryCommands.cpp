@@ -18,7 +18,7 @@ ILibraryManager& Manager() {
     return *LibraryManager::GetLibraryManager();
 }
 
-struct Command {
+struct LibraryCommand {
     const char16_t* name;
     void (*run)(Arguments& arguments);
 };
@@ -156,7 +156,7 @@ void Provider(Arguments& arguments) {
     Answer(Manager().GetLibraryProviderName(family, section, arguments.Next() == u"keep"));
 }
 
-constexpr Command Commands[] = {
+constexpr LibraryCommand LibraryCommands[] = {
     {u"GetLibraryRootDirectory", [](Arguments&) { Answer(Directories().GetLibraryRootDirectory()); }},
     {u"GetGroupPriceRootDirectory", [](Arguments&) { Answer(Directories().GetGroupPriceRootDirectory()); }},
     {u"GetLibraryDirectoryVisitor",
@@ -201,9 +201,9 @@ constexpr Command Commands[] = {
 }  // namespace
 
 bool DoLibraries(const CString& command, Arguments& arguments) {
-    const auto found = std::find_if(std::begin(Commands), std::end(Commands),
-                                    [&](const Command& each) { return command == each.name; });
-    if (found == std::end(Commands))
+    const auto found = std::find_if(std::begin(LibraryCommands), std::end(LibraryCommands),
+                                    [&](const LibraryCommand& each) { return command == each.name; });
+    if (found == std::end(LibraryCommands))
         return false;
     found->run(arguments);
     return true;

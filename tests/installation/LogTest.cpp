@@ -12,15 +12,11 @@
 
 namespace {
 
-std::string Gbk(std::u16string_view text) {
-    return QsPlatform::EncodeAnsi(text);
-}
-
 TEST(Log, StandsBesideTheExecutable) {
     const ProbedLog host;
     host.MakeLogFolder();
     host.Do({u"log", u"[INFO]: 开始 100%s", u"log", u"", u"log", u"[ERROR]: é½"});
-    EXPECT_EQ(host.Log(), Gbk(u"> [INFO]: 开始 100%s\r\n> [ERROR]: é?\r\n"));
+    EXPECT_EQ(host.Log(), QsPlatform::EncodeAnsi(u"> [INFO]: 开始 100%s\r\n> [ERROR]: é?\r\n"));
 }
 
 TEST(Log, IsAppendedToByTheNextProcess) {
@@ -64,7 +60,7 @@ TEST(Log, ATrackerAndItsCopyReport) {
     const ProbedLog host;
     host.MakeLogFolder();
     host.Do({u"track", u"计价 %d"});
-    const std::string line = Gbk(u"> [INFO]: 计价 %d costs ~ms.\r\n");
+    const std::string line = QsPlatform::EncodeAnsi(u"> [INFO]: 计价 %d costs ~ms.\r\n");
     EXPECT_TRUE(HasForm(host.Log(), line + line)) << host.Log();
 }
 
@@ -128,7 +124,7 @@ TEST(Log, AStartedThreadIsToldWithItsId) {
     host.MakeLogFolder();
     std::string id = host.Do({u"thread", u"工作"});
     id.pop_back();
-    EXPECT_EQ(host.Log(), Gbk(u"> [INFO]: Create '工作' thread(") + id + ") success!\r\n");
+    EXPECT_EQ(host.Log(), QsPlatform::EncodeAnsi(u"> [INFO]: Create '工作' thread(") + id + ") success!\r\n");
 }
 
 TEST(Log, AThreadThatCantBeHadIsToldAsOneWithoutAnId) {
@@ -142,12 +138,13 @@ TEST(Log, TheTaskManagerTellsItsQueues) {
     const ProbedLog host;
     host.MakeLogFolder();
     host.Do({u"tasks"});
-    EXPECT_EQ(host.Log(), Gbk(u"> [INFO]: push 第一 to active queue ok,current size:1.\r\n\r\n"
-                              u"> [INFO]: push task to wait queue ok,current size:1.\r\nsecond\r\n\r\n"
-                              u"> [Info]: Task(second) is exist in wait queue.！\r\n"
-                              u"> [INFO]: push second to active queue ok,current size:1.\r\n\r\n"
-                              u"> [INFO]: Prepare to start task from wait queue.second.\r\n"
-                              u"> [INFO]: There is no task in wait queue.\r\n"));
+    EXPECT_EQ(host.Log(),
+              QsPlatform::EncodeAnsi(u"> [INFO]: push 第一 to active queue ok,current size:1.\r\n\r\n"
+                                     u"> [INFO]: push task to wait queue ok,current size:1.\r\nsecond\r\n\r\n"
+                                     u"> [Info]: Task(second) is exist in wait queue.！\r\n"
+                                     u"> [INFO]: push second to active queue ok,current size:1.\r\n\r\n"
+                                     u"> [INFO]: Prepare to start task from wait queue.second.\r\n"
+                                     u"> [INFO]: There is no task in wait queue.\r\n"));
 }
 
 TEST(Log, ALineNamesTheThreadThatWritesIt) {

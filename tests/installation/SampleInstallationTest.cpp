@@ -17,7 +17,7 @@ fs::path Sample(std::u8string_view below) {
     return fs::path(INSTALLATION_SAMPLE) / fs::path(below);
 }
 
-std::unique_ptr<XMLNode> Tree(const fs::path& file) {
+std::unique_ptr<XMLNode> SampleTree(const fs::path& file) {
     return std::unique_ptr<XMLNode>(LoadXMLNode(FromNativePath(file).ToWide()));
 }
 
@@ -46,7 +46,7 @@ const std::set<std::string> Templates = {".fyt",  ".zfyt", ".gst", ".zgst", ".cs
 }  // namespace
 
 TEST(SampleInstallation, EveryFolderCodeIsThereOnce) {
-    const std::unique_ptr<XMLNode> root = Tree(Sample(u8"DirectoryConfig.xml"));
+    const std::unique_ptr<XMLNode> root = SampleTree(Sample(u8"DirectoryConfig.xml"));
     ASSERT_NE(root, nullptr);
     XMLNode* const section = root->FindChildNode(L"ProjectDirectory");
     ASSERT_NE(section, nullptr);
@@ -83,7 +83,7 @@ TEST(SampleInstallation, EveryXmlFileIsRead) {
     for (const auto& entry : fs::recursive_directory_iterator(Sample(u8""))) {
         if (xml.count(entry.path().extension().string()) == 0)
             continue;
-        EXPECT_NE(Tree(entry.path()), nullptr) << entry.path();
+        EXPECT_NE(SampleTree(entry.path()), nullptr) << entry.path();
         ++files;
     }
     EXPECT_GT(files, 60);
@@ -95,7 +95,7 @@ TEST(SampleInstallation, EveryLibraryFileOfAnItemHasItsExtraCosts) {
         if (entry.path().extension() != ".zkx")
             continue;
         fs::path costs = entry.path();
-        const std::unique_ptr<XMLNode> root = Tree(costs.replace_extension(".ec"));
+        const std::unique_ptr<XMLNode> root = SampleTree(costs.replace_extension(".ec"));
         ASSERT_NE(root, nullptr) << costs;
         ASSERT_NE(root->FindChildNode(L"Overheight"), nullptr);
         ASSERT_NE(root->FindChildNode(L"ExtraCostType"), nullptr);

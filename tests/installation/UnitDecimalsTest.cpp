@@ -9,12 +9,12 @@ using Answers = ProbedInstallation::Answers;
 
 namespace {
 
-constexpr const char* File = "GB50500-2008.xml";
+constexpr const char* DecimalsFile = "GB50500-2008.xml";
 
 /// The decimals of units by a file of these contents.
 Answers Decimals(std::string_view contents, const std::vector<std::u16string>& units) {
     const ProbedInstallation installation;
-    installation.Write(File, contents);
+    installation.Write(DecimalsFile, contents);
     std::vector<std::u16string> questions;
     for (const std::u16string& unit : units)
         questions.insert(questions.end(), {u"decimals", unit});
@@ -81,13 +81,13 @@ TEST(UnitDecimals, WithoutAGoodFileThereIsNoTable) {
 
 TEST(UnitDecimals, AFileThatIsAFolderIsNone) {
     const ProbedInstallation installation;
-    std::filesystem::create_directory(installation.Folder() / File);
+    std::filesystem::create_directory(installation.Folder() / DecimalsFile);
     EXPECT_EQ(installation.Ask({u"decimals", u"m"}), (Answers{u"2"}));
 }
 
 TEST(UnitDecimals, TheFileIsReadOnce) {
     const ProbedInstallation installation;
-    installation.Write(File, "<r><u unit=\"m\" decimal=\"3\"/></r>");
+    installation.Write(DecimalsFile, "<r><u unit=\"m\" decimal=\"3\"/></r>");
     EXPECT_EQ(installation.Ask({u"decimals", u"m", u"write", u"GB50500-2008.xml",
                                 u"<r><u unit=\"m\" decimal=\"4\"/></r>", u"decimals", u"m"}),
               (Answers{u"3", u"3"}));
@@ -102,13 +102,13 @@ TEST(UnitDecimals, FilesInTheCodePage) {
 
 TEST(UnitDecimals, FoldersMayHaveAnyName) {
     const ProbedInstallation installation("造价 100%/计价软件 #1");
-    installation.Write(File, "<r><u unit=\"m\" decimal=\"3\"/></r>");
+    installation.Write(DecimalsFile, "<r><u unit=\"m\" decimal=\"3\"/></r>");
     EXPECT_EQ(installation.Ask({u"decimals", u"m"}), (Answers{u"3"}));
 }
 
 TEST(UnitDecimals, TheSampleHasTheUnitsOfConstruction) {
     const ProbedInstallation installation;
-    installation.CopySample(File);
+    installation.CopySample(DecimalsFile);
     EXPECT_EQ(
         installation.Ask({u"decimals", u"t",  u"decimals", u"m",  u"decimals", u"m2", u"decimals", u"m3",
                           u"decimals", u"kg", u"decimals", u"樘", u"decimals", u"套", u"decimals", u"项",

@@ -13,17 +13,17 @@
 namespace {
 
 using Text = std::wstring;
-using Texts = std::vector<Text>;
+using PlainTexts = std::vector<Text>;
 
 // Ascending by upper-cased unit, as the disk gives them. No two differ in case alone: one system couldn't
 // tell them apart.
-const Texts familyNames = {L"10", L"9", L"LibDownTmp", L"x y", L"安徽", L"清单库"};
-const Texts sectionNames = {L"B2", L"a", L"a_c", L"安装"};  // ascending by unit
-const Texts itemNames = {L"a", L"B", L"土建"};
-const Texts names = {L"", L"n1", L"n2", L"建筑"};
-const Texts files = {L"one.x", L"two.x", L"three.x", L"四四四.x"};
-const Texts tags = {L"", L"t", L"T"};
-const Texts providers = {L"", L"P", L"墨衡"};
+const PlainTexts familyNames = {L"10", L"9", L"LibDownTmp", L"x y", L"安徽", L"清单库"};
+const PlainTexts sectionNames = {L"B2", L"a", L"a_c", L"安装"};  // ascending by unit
+const PlainTexts itemNames = {L"a", L"B", L"土建"};
+const PlainTexts names = {L"", L"n1", L"n2", L"建筑"};
+const PlainTexts files = {L"one.x", L"two.x", L"three.x", L"四四四.x"};
+const PlainTexts tags = {L"", L"t", L"T"};
+const PlainTexts providers = {L"", L"P", L"墨衡"};
 
 class Generator {
 public:
@@ -31,11 +31,11 @@ public:
 
     bool Chance(int percent) { return Number(100) < percent; }
     int Number(int below) { return std::uniform_int_distribution<int>(0, below - 1)(m_random); }
-    const Text& One(const Texts& texts) {
+    const Text& One(const PlainTexts& texts) {
         return texts[static_cast<std::size_t>(Number(static_cast<int>(texts.size())))];
     }
-    Texts Some(const Texts& texts, int percent) {
-        Texts some;
+    PlainTexts Some(const PlainTexts& texts, int percent) {
+        PlainTexts some;
         for (const Text& each : texts) {
             if (Chance(percent))
                 some.push_back(each);
@@ -198,11 +198,11 @@ private:
 
 // --- Comparisons
 
-std::vector<CString> ToTexts(const Texts& wide) {
+std::vector<CString> ToTexts(const PlainTexts& wide) {
     return std::vector<CString>(wide.begin(), wide.end());
 }
 
-std::vector<CString> Appended(const Texts& wide) {
+std::vector<CString> Appended(const PlainTexts& wide) {
     std::vector<CString> texts = {u"before"};
     texts.insert(texts.end(), wide.begin(), wide.end());
     return texts;
@@ -312,7 +312,7 @@ protected:
 };
 
 TEST_F(RandomLibraries, TheManagerAnswersAsThePlainModelDoes) {
-    const auto withEmpty = [](Texts texts, const Text& unknown) {
+    const auto withEmpty = [](PlainTexts texts, const Text& unknown) {
         texts.insert(texts.end(), {L"", unknown});
         return texts;
     };

@@ -29,14 +29,14 @@ CString PlainDigest(const CString& text) {
     return result;
 }
 
-std::array<CString*, 8> Texts(CommonMaterialKey& key) {
+std::array<CString*, 8> TextFields(CommonMaterialKey& key) {
     return {&key.strKeyText1, &key.strKeyText2, &key.strKeyText3, &key.strKeyText4,
             &key.strKeyText5, &key.strKeyText6, &key.strKeyText7, &key.strKeyText8};
 }
 
 /// Ten texts joined by tabs, as the digest of a record is told.
 CString PlainMaterialDigest(CommonMaterialKey key) {
-    const auto texts = Texts(key);
+    const auto texts = TextFields(key);
     CString joined = *texts[0];
     for (std::size_t i = 1; i < 7; ++i)
         joined += u'\t' + *texts[i];
@@ -156,7 +156,7 @@ TEST(MaterialMd5, RandomRecordsAgreeWithThePlainDigest) {
     std::mt19937 random(13);
     for (int round = 0; round < 10'000; ++round) {
         CommonMaterialKey key;
-        for (CString* text : Texts(key)) {
+        for (CString* text : TextFields(key)) {
             std::u16string units(random() % 4 == 0 ? random() % 80 : random() % 8, u'\0');
             for (char16_t& unit : units)
                 unit = random() % 8 == 0 ? u'\t' : static_cast<char16_t>(random());

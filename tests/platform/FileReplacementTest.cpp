@@ -16,14 +16,14 @@ using QsPlatform::FileReplacement;
 
 namespace {
 
-bool Replace(const CString& path, std::string_view bytes) {
+bool ReplaceText(const CString& path, std::string_view bytes) {
     FileReplacement file(path);
     return file.Write(bytes.data(), bytes.size()) && file.Commit();
 }
 
 TEST(FileReplacement, CreatesAFile) {
     const TemporaryFolder folder;
-    EXPECT_TRUE(Replace(folder.Text("a.xml"), "new"));
+    EXPECT_TRUE(ReplaceText(folder.Text("a.xml"), "new"));
     EXPECT_EQ(folder.Read("a.xml"), "new");
     EXPECT_EQ(folder.Entries(), 1);
 }
@@ -32,7 +32,7 @@ TEST(FileReplacement, ReplacesAFileByALongerAShorterAndAnEmptyOne) {
     const TemporaryFolder folder;
     folder.Write("a.xml", "old");
     for (const std::string& bytes : {std::string(1'000'000, 'x'), std::string("y"), std::string()}) {
-        EXPECT_TRUE(Replace(folder.Text("a.xml"), bytes));
+        EXPECT_TRUE(ReplaceText(folder.Text("a.xml"), bytes));
         EXPECT_EQ(folder.Read("a.xml"), bytes);
     }
     EXPECT_EQ(folder.Entries(), 1);
@@ -134,7 +134,7 @@ TEST(FileReplacement, AReadOnlyFileIsRefused) {
 TEST(FileReplacement, TakesChineseAndVeryLongNames) {
     const TemporaryFolder folder;
     for (const std::string& name : {std::string("项目 100%#1.xml"), std::string(255, 'n')}) {
-        EXPECT_TRUE(Replace(folder.Text(name), "new")) << name;
+        EXPECT_TRUE(ReplaceText(folder.Text(name), "new")) << name;
         EXPECT_EQ(folder.Read(name), "new");
     }
     EXPECT_EQ(folder.Entries(), 2);
@@ -168,7 +168,7 @@ TEST(FileReplacement, ReadersSeeOneWholeFileAtEveryMoment) {
         }
     });
     for (int i = 0; i < 300; ++i)
-        while (!Replace(path, std::string(50'000, static_cast<char>('a' + i % 26))))
+        while (!ReplaceText(path, std::string(50'000, static_cast<char>('a' + i % 26))))
             std::this_thread::yield();
     done = true;
     reader.join();

@@ -14,11 +14,11 @@ using QsPlatform::IsEntryFound;
 
 namespace {
 
-using Names = std::vector<CString>;
+using EntryNames = std::vector<CString>;
 
 /// The names that a pattern finds; one of a folder ends in a backslash.
-Names Found(const CString& pattern) {
-    Names names;
+EntryNames NamesOf(const CString& pattern) {
+    EntryNames names;
     for (const FolderEntry& entry : FindEntries(pattern)) {
         EXPECT_EQ(entry.isDots, entry.name == u"." || entry.name == u"..");
         names.push_back(entry.isFolder ? entry.name + u'\\' : entry.name);
@@ -40,53 +40,53 @@ protected:
 };
 
 TEST_F(FolderEntriesTest, StandInOrderBehindTheDots) {
-    const Names all = {u".\\",   u"..\\", u"a",     u"a.b", u"Bd",     u"b_c",
-                       u"sub\\", u"x.ec", u"x.ecx", u"[x]", u"项目.ec"};
-    EXPECT_EQ(Found(At(u"*")), all);
-    EXPECT_EQ(Found(At(u"*.*")), all);
-    EXPECT_EQ(Found(At(u"*.")), all);
-    EXPECT_EQ(Found(At(u"\\*")), all);
+    const EntryNames all = {u".\\",   u"..\\", u"a",     u"a.b", u"Bd",     u"b_c",
+                            u"sub\\", u"x.ec", u"x.ecx", u"[x]", u"项目.ec"};
+    EXPECT_EQ(NamesOf(At(u"*")), all);
+    EXPECT_EQ(NamesOf(At(u"*.*")), all);
+    EXPECT_EQ(NamesOf(At(u"*.")), all);
+    EXPECT_EQ(NamesOf(At(u"\\*")), all);
 }
 
 TEST_F(FolderEntriesTest, WildcardsLookAtTheLastPart) {
-    EXPECT_EQ(Found(At(u"*.ec")), (Names{u"x.ec", u"项目.ec"}));
-    EXPECT_EQ(Found(At(u"B*")), (Names{u"Bd", u"b_c"}));
-    EXPECT_EQ(Found(At(u"?")), (Names{u".\\", u"a"}));
-    EXPECT_EQ(Found(At(u"S*")), Names{u"sub\\"});
-    EXPECT_EQ(Found(At(u"[?]")), Names{u"[x]"});
-    EXPECT_EQ(Found(At(u"z*")), Names{});
-    EXPECT_EQ(Found(At(u"sub\\*")), (Names{u".\\", u"..\\", u"in"}));
-    EXPECT_EQ(Found(At(u"sub\\.\\i*")), Names{u"in"});
-    EXPECT_EQ(Found(At(u"sub/i*")), Names{u"in"});
+    EXPECT_EQ(NamesOf(At(u"*.ec")), (EntryNames{u"x.ec", u"项目.ec"}));
+    EXPECT_EQ(NamesOf(At(u"B*")), (EntryNames{u"Bd", u"b_c"}));
+    EXPECT_EQ(NamesOf(At(u"?")), (EntryNames{u".\\", u"a"}));
+    EXPECT_EQ(NamesOf(At(u"S*")), EntryNames{u"sub\\"});
+    EXPECT_EQ(NamesOf(At(u"[?]")), EntryNames{u"[x]"});
+    EXPECT_EQ(NamesOf(At(u"z*")), EntryNames{});
+    EXPECT_EQ(NamesOf(At(u"sub\\*")), (EntryNames{u".\\", u"..\\", u"in"}));
+    EXPECT_EQ(NamesOf(At(u"sub\\.\\i*")), EntryNames{u"in"});
+    EXPECT_EQ(NamesOf(At(u"sub/i*")), EntryNames{u"in"});
 }
 
 TEST_F(FolderEntriesTest, ANameFindsItsEntry) {
-    EXPECT_EQ(Found(At(u"a.b")), Names{u"a.b"});
-    EXPECT_EQ(Found(At(u"[x]")), Names{u"[x]"});
-    EXPECT_EQ(Found(At(u"sub")), Names{u"sub\\"});
-    EXPECT_EQ(Found(At(u"sub\\in")), Names{u"in"});
-    EXPECT_EQ(Found(At(u"none")), Names{});
+    EXPECT_EQ(NamesOf(At(u"a.b")), EntryNames{u"a.b"});
+    EXPECT_EQ(NamesOf(At(u"[x]")), EntryNames{u"[x]"});
+    EXPECT_EQ(NamesOf(At(u"sub")), EntryNames{u"sub\\"});
+    EXPECT_EQ(NamesOf(At(u"sub\\in")), EntryNames{u"in"});
+    EXPECT_EQ(NamesOf(At(u"none")), EntryNames{});
 }
 
 TEST_F(FolderEntriesTest, NothingIsFoundWhereNothingCanBe) {
     for (const char16_t* pattern :
          {u"", u"sub\\", u"none\\*", u"a\\*", u"a\\in", u"su?\\*", u"*\\in", u"s*\\", u"sub\\in\\"})
-        EXPECT_EQ(Found(At(pattern)), Names{}) << At(pattern);
-    EXPECT_EQ(Found(u""), Names{});
-    EXPECT_EQ(Found(At(u"a") + CString(u"\0*", 2)), Names{});
-    EXPECT_EQ(Found(At(u"a") + CString(u"\0b", 2)), Names{});
+        EXPECT_EQ(NamesOf(At(pattern)), EntryNames{}) << At(pattern);
+    EXPECT_EQ(NamesOf(u""), EntryNames{});
+    EXPECT_EQ(NamesOf(At(u"a") + CString(u"\0*", 2)), EntryNames{});
+    EXPECT_EQ(NamesOf(At(u"a") + CString(u"\0b", 2)), EntryNames{});
 }
 
 TEST_F(FolderEntriesTest, APatternWithoutAFolderLooksIntoTheCurrentOne) {
     const std::filesystem::path before = std::filesystem::current_path();
     std::filesystem::current_path(folder.Path());
-    const Names bare = Found(u"*.ec");
-    const Names below = Found(u"sub\\*n");
-    const Names named = Found(u"a.b");
+    const EntryNames bare = NamesOf(u"*.ec");
+    const EntryNames below = NamesOf(u"sub\\*n");
+    const EntryNames named = NamesOf(u"a.b");
     std::filesystem::current_path(before);
-    EXPECT_EQ(bare, (Names{u"x.ec", u"项目.ec"}));
-    EXPECT_EQ(below, Names{u"in"});
-    EXPECT_EQ(named, Names{u"a.b"});
+    EXPECT_EQ(bare, (EntryNames{u"x.ec", u"项目.ec"}));
+    EXPECT_EQ(below, EntryNames{u"in"});
+    EXPECT_EQ(named, EntryNames{u"a.b"});
 }
 
 TEST_F(FolderEntriesTest, TheRootHasNoDots) {
@@ -100,7 +100,7 @@ TEST_F(FolderEntriesTest, TheRootHasNoDots) {
 
 TEST(FolderEntries, ManyStandInOrder) {
     const TemporaryFolder folder;
-    Names expected = {u".\\", u"..\\"};
+    EntryNames expected = {u".\\", u"..\\"};
     for (int i = 0; i < 3000; ++i) {
         CString name;
         name.Format(u"%04d%s", i, u"文件名很长的一个文件用来填满缓冲区");
@@ -108,7 +108,7 @@ TEST(FolderEntries, ManyStandInOrder) {
     }
     for (std::size_t i = expected.size() - 1; i >= 2; --i)
         folder.Write(std::filesystem::path(expected[i].View()).string(), "");
-    EXPECT_EQ(Found(FromNativePath(folder.Path()) + u"\\*"), expected);
+    EXPECT_EQ(NamesOf(FromNativePath(folder.Path()) + u"\\*"), expected);
 }
 
 TEST(FolderEntries, OfAFolderFarBelow) {
@@ -118,7 +118,7 @@ TEST(FolderEntries, OfAFolderFarBelow) {
         path += u"\\" + CString(u'n', 40);
         std::filesystem::create_directory(std::filesystem::path(ToNativePath(path)));
     }
-    EXPECT_EQ(Found(path + u"\\*"), (Names{u".\\", u"..\\"}));
+    EXPECT_EQ(NamesOf(path + u"\\*"), (EntryNames{u".\\", u"..\\"}));
 }
 
 }  // namespace

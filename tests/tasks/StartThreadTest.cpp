@@ -16,7 +16,7 @@
 
 namespace {
 
-std::uint32_t StoreId(void* id) {
+std::uint32_t StoreStartedId(void* id) {
     static_cast<std::atomic<std::uint32_t>*>(id)->store(QsPlatform::CurrentThreadId());
     return 5;
 }
@@ -24,7 +24,7 @@ std::uint32_t StoreId(void* id) {
 TEST(StartThread, RunsAtOnceAndTellsItsId) {
     std::atomic<std::uint32_t> own{0};
     std::uint32_t id = 0;
-    const HANDLE thread = IQsUtils::StartThread(StoreId, &own, u"worker", &id);
+    const HANDLE thread = IQsUtils::StartThread(StoreStartedId, &own, u"worker", &id);
     ASSERT_NE(thread, nullptr);
     EXPECT_EQ(WaitForSingleObject(thread, INFINITE), WAIT_OBJECT_0);
     EXPECT_EQ(own, id);
@@ -33,7 +33,7 @@ TEST(StartThread, RunsAtOnceAndTellsItsId) {
 
 TEST(StartThread, TheIdNeedntBeAskedFor) {
     std::atomic<std::uint32_t> own{0};
-    const HANDLE thread = IQsUtils::StartThread(StoreId, &own, u"", nullptr);
+    const HANDLE thread = IQsUtils::StartThread(StoreStartedId, &own, u"", nullptr);
     WaitForSingleObject(thread, INFINITE);
     EXPECT_NE(own, 0u);
     CloseHandle(thread);

@@ -18,20 +18,20 @@ namespace {
 
 using namespace QsText;
 
-constexpr int Untouched = 4711;
+constexpr int UntouchedNumber = 4711;
 
-/// The number read, or `Untouched` when the text is refused.
+/// The number read, or `UntouchedNumber` when the text is refused.
 int IntegerOf(const CString& text) {
-    int value = Untouched;
+    int value = UntouchedNumber;
     const bool taken = ParseToInteger(text, value);
-    EXPECT_EQ(taken, value != Untouched) << text;
+    EXPECT_EQ(taken, value != UntouchedNumber) << text;
     return value;
 }
 
 double DoubleOf(const CString& text) {
-    double value = Untouched;
+    double value = UntouchedNumber;
     const bool taken = ParseToDouble(text, value);
-    EXPECT_EQ(taken, value != Untouched) << text;
+    EXPECT_EQ(taken, value != UntouchedNumber) << text;
     return value;
 }
 
@@ -50,8 +50,8 @@ TEST(ParseToInteger, RefusesAllElse) {
                                  u"１２", u".", u"1e5", u"- 1",
                                  u"\u0085"
                                  u"1"})
-        EXPECT_EQ(IntegerOf(text), Untouched) << CString(text);
-    EXPECT_EQ(IntegerOf(CString(u"12\0", 3)), Untouched);
+        EXPECT_EQ(IntegerOf(text), UntouchedNumber) << CString(text);
+    EXPECT_EQ(IntegerOf(CString(u"12\0", 3)), UntouchedNumber);
 }
 
 TEST(ParseToDouble, TakesDecimalNumbers) {
@@ -70,7 +70,7 @@ TEST(ParseToDouble, RefusesAllElse) {
     for (const char16_t* text :
          {u"",    u"  ",  u"+",   u"-",   u".",   u"1.",  u".1", u"1..2", u"1.2.3", u"--1", u"1-2", u"+.5",
           u"-.5", u"+5.", u"1e5", u"1E5", u"0x1", u"1 2", u"１", u"inf",  u"nan",   u"1,5", u"5%"})
-        EXPECT_EQ(DoubleOf(text), Untouched) << CString(text);
+        EXPECT_EQ(DoubleOf(text), UntouchedNumber) << CString(text);
 }
 
 TEST(bIsNum, LooksOnlyAtTheCharacters) {
@@ -139,15 +139,15 @@ TEST(NumberParsers, AgreeWithTheirStepsOnRandomTexts) {
     int taken = 0;
     for (int round = 0; round < 2'000'000; ++round) {
         const std::u16string text = random.Text();
-        int whole = Untouched;
-        int expectedWhole = Untouched;
+        int whole = UntouchedNumber;
+        int expectedWhole = UntouchedNumber;
         ASSERT_EQ(ParseToInteger(text, whole), PlainParser::Integer(text, expectedWhole)) << CString(text);
         ASSERT_EQ(whole, expectedWhole);
-        double real = Untouched;
-        double expectedReal = Untouched;
+        double real = UntouchedNumber;
+        double expectedReal = UntouchedNumber;
         ASSERT_EQ(ParseToDouble(text, real), PlainParser::Double(text, expectedReal)) << CString(text);
         ASSERT_EQ(real, expectedReal);
-        taken += real != Untouched ? 1 : 0;
+        taken += real != UntouchedNumber ? 1 : 0;
     }
     EXPECT_GT(taken, 500'000);
 }

@@ -133,36 +133,36 @@ std::vector<CString> Pieces(const CString& text, const CString& sep) {
     return out;
 }
 
-using Texts = std::vector<CString>;
+using CStrings = std::vector<CString>;
 
 TEST(Split, AppendsThePieces) {
-    EXPECT_EQ(SplitPieces(u"a,,b", L','), (Texts{u"a", u"", u"b"}));
-    EXPECT_EQ(SplitPieces(u",a", L','), (Texts{u"", u"a"}));
-    EXPECT_EQ(SplitPieces(u"a,", L','), (Texts{u"a"}));
-    EXPECT_EQ(SplitPieces(u"", L','), Texts{});
-    EXPECT_EQ(SplitPieces(u",", L','), (Texts{u""}));
-    EXPECT_EQ(SplitPieces(u"abc", L','), (Texts{u"abc"}));
-    EXPECT_EQ(SplitPieces(u"砖，墙", L'，'), (Texts{u"砖", u"墙"}));
-    EXPECT_EQ(SplitPieces(CString(u"a\0b", 3), L'\0'), (Texts{u"a", u"b"}));
+    EXPECT_EQ(SplitPieces(u"a,,b", L','), (CStrings{u"a", u"", u"b"}));
+    EXPECT_EQ(SplitPieces(u",a", L','), (CStrings{u"", u"a"}));
+    EXPECT_EQ(SplitPieces(u"a,", L','), (CStrings{u"a"}));
+    EXPECT_EQ(SplitPieces(u"", L','), CStrings{});
+    EXPECT_EQ(SplitPieces(u",", L','), (CStrings{u""}));
+    EXPECT_EQ(SplitPieces(u"abc", L','), (CStrings{u"abc"}));
+    EXPECT_EQ(SplitPieces(u"砖，墙", L'，'), (CStrings{u"砖", u"墙"}));
+    EXPECT_EQ(SplitPieces(CString(u"a\0b", 3), L'\0'), (CStrings{u"a", u"b"}));
     if constexpr (sizeof(wchar_t) == 4) {
-        EXPECT_EQ(SplitPieces(u"a\U0001F3E0b", static_cast<wchar_t>(0x1F3E0)), (Texts{u"a", u"b"}));
+        EXPECT_EQ(SplitPieces(u"a\U0001F3E0b", static_cast<wchar_t>(0x1F3E0)), (CStrings{u"a", u"b"}));
     }
 }
 
 TEST(TransStrToAry, ReplacesTheElements) {
-    EXPECT_EQ(Pieces(u"a,b", u""), Texts{u"old"});
-    EXPECT_EQ(Pieces(u"a,b", u","), (Texts{u"a", u"b"}));
-    EXPECT_EQ(Pieces(u"a, b, ", u", "), (Texts{u"a", u"b"}));
-    EXPECT_EQ(Pieces(u", a", u", "), (Texts{u"", u"a"}));
-    EXPECT_EQ(Pieces(u"aaa", u"aa"), (Texts{u"", u"a"}));
-    EXPECT_EQ(Pieces(u"", u","), Texts{});
-    EXPECT_EQ(Pieces(u",", u","), Texts{u""});
+    EXPECT_EQ(Pieces(u"a,b", u""), CStrings{u"old"});
+    EXPECT_EQ(Pieces(u"a,b", u","), (CStrings{u"a", u"b"}));
+    EXPECT_EQ(Pieces(u"a, b, ", u", "), (CStrings{u"a", u"b"}));
+    EXPECT_EQ(Pieces(u", a", u", "), (CStrings{u"", u"a"}));
+    EXPECT_EQ(Pieces(u"aaa", u"aa"), (CStrings{u"", u"a"}));
+    EXPECT_EQ(Pieces(u"", u","), CStrings{});
+    EXPECT_EQ(Pieces(u",", u","), CStrings{u""});
 }
 
 TEST(TransStrToAry, TakesElementsOfItsOutput) {
-    Texts out = {u"some;longer;text", u";"};
+    CStrings out = {u"some;longer;text", u";"};
     TransStrToAry(out[0], out[1], out);
-    EXPECT_EQ(out, (Texts{u"some", u"longer", u"text"}));
+    EXPECT_EQ(out, (CStrings{u"some", u"longer", u"text"}));
 }
 
 TEST(TransAryToStr, JoinsTheElements) {
@@ -184,13 +184,13 @@ TEST(TransAryToStr, JoinsTheElements) {
 
 TEST(Segments, StayLinearForAMillionPieces) {
     constexpr int Count = 1'000'000;
-    Texts elements;
+    CStrings elements;
     for (int i = 0; i < Count; ++i)
         elements.emplace_back(u'x', i % 3);
     elements.back() = u"end";
     CString text;
     TransAryToStr(elements, text, u"--");
-    Texts pieces;
+    CStrings pieces;
     TransStrToAry(text, u"--", pieces);
     EXPECT_EQ(pieces, elements);
     CStringArray split;
@@ -258,8 +258,8 @@ TEST(CStringToWstring, StopsAtTheFirstNul) {
 }
 
 /// Moves the rest to the front after each piece, as one would say it.
-Texts PlainPieces(std::u16string text, const std::u16string& sep) {
-    Texts pieces;
+CStrings PlainPieces(std::u16string text, const std::u16string& sep) {
+    CStrings pieces;
     while (!text.empty()) {
         const std::size_t at = text.find(sep);
         if (at == text.npos) {
@@ -284,7 +284,7 @@ TEST(Segments, AgreeWithThePlainRulesOnRandomTexts) {
     for (int round = 0; round < 1'000'000; ++round) {
         const std::u16string text = letters(14);
         const std::u16string sep = u"/" + letters(2);
-        Texts pieces;
+        CStrings pieces;
         TransStrToAry(text, sep, pieces);
         ASSERT_EQ(pieces, PlainPieces(text, sep));
         ASSERT_EQ(SplitPieces(text, L'a'), PlainPieces(text, u"a"));

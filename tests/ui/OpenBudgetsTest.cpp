@@ -20,7 +20,7 @@ using QsUi::IsYsOpen;
 namespace {
 
 /// A key of this process alone, so that test programs that run side by side don't meet.
-CString Key(const CString& name) {
+CString BudgetKey(const CString& name) {
     static const unsigned process = std::random_device{}();
     CString key;
     key.Format(u"qsutils-test-%x-%s", process, name);
@@ -94,7 +94,7 @@ TEST(OpenBudgetList, RandomListsAsReadStepByStep) {
 }
 
 TEST(OpenBudgets, WhatNobodyOpenedIsntOpen) {
-    const CString key = Key(u"nobody");
+    const CString key = BudgetKey(u"nobody");
     EXPECT_EQ(IsYsOpen(key, u"A"), 0);
     EXPECT_EQ(IsYsOpen(key, u""), 0);
     EXPECT_EQ(IsYsOpen(CString(), CString()), 0);
@@ -102,18 +102,18 @@ TEST(OpenBudgets, WhatNobodyOpenedIsntOpen) {
 }
 
 TEST(OpenBudgets, TheListOfAnotherProgramIsRead) {
-    const CString key = Key(u"项目/a.ys");
+    const CString key = BudgetKey(u"项目/a.ys");
     const SharedObject object(NameOf(key), Padded(TextBytes(u"AAA&造价\\b.ys&last")));
     EXPECT_EQ(IsYsOpen(key, u"AAA"), Yes());
     EXPECT_EQ(IsYsOpen(key, u"造价\\b.ys"), Yes());
     EXPECT_EQ(IsYsOpen(key, u"last"), 0);
     EXPECT_EQ(IsYsOpen(key, u"aaa"), 0);
     EXPECT_EQ(IsYsOpen(key, u""), 0);
-    EXPECT_EQ(IsYsOpen(Key(u"项目/A.ys"), u"AAA"), 0);
+    EXPECT_EQ(IsYsOpen(BudgetKey(u"项目/A.ys"), u"AAA"), 0);
 }
 
 TEST(OpenBudgets, AnObjectIsAskedAnewEveryTime) {
-    const CString key = Key(u"anew");
+    const CString key = BudgetKey(u"anew");
     {
         const SharedObject object(NameOf(key), Padded(TextBytes(u"A&")));
         EXPECT_EQ(IsYsOpen(key, u"A"), Yes());
@@ -123,7 +123,7 @@ TEST(OpenBudgets, AnObjectIsAskedAnewEveryTime) {
 }
 
 TEST(OpenBudgets, OnlyTheTextUpToTheNulCounts) {
-    const CString key = Key(u"nul");
+    const CString key = BudgetKey(u"nul");
     const SharedObject object(NameOf(key), Padded(TextBytes(std::u16string_view(u"A&\0B&", 5))));
     EXPECT_EQ(IsYsOpen(key, u"A"), Yes());
     EXPECT_EQ(IsYsOpen(key, u"B"), 0);
@@ -134,7 +134,7 @@ TEST(OpenBudgets, ObjectsOfWrongSizes) {
     for (const std::size_t units : {1U, 2U, 127U, 128U, 129U, 2048U, 100'000U, 524'288U}) {
         CString name;
         name.Format(u"size-%d", ++number);
-        const CString key = Key(name);
+        const CString key = BudgetKey(name);
         // Full of units, with neither a NUL nor another sign behind the first item.
         std::u16string text(units, u'x');
         text[units - 1] = u'&';
@@ -146,7 +146,7 @@ TEST(OpenBudgets, ObjectsOfWrongSizes) {
 }
 
 TEST(OpenBudgets, MoreThanTheLimitIsntRead) {
-    const CString key = Key(u"limit");
+    const CString key = BudgetKey(u"limit");
     std::u16string text(QsPlatform::LargestSharedText / sizeof(char16_t) + 16, u'x');
     text[0] = u'&';
     text[text.size() - 16] = u'&';
@@ -156,7 +156,7 @@ TEST(OpenBudgets, MoreThanTheLimitIsntRead) {
 }
 
 TEST(OpenBudgets, AHostOfAnotherProcessListsItsItems) {
-    const CString key = Key(u"host");
+    const CString key = BudgetKey(u"host");
     const std::string ansi(key.View().begin(), key.View().end());
     RunningProgram host({OPEN_BUDGET_HOST, {"hold", ansi, "一号楼", "B"}, {}, {}});
     EXPECT_EQ(host.ReadLine(), "holding " + NameOf(key));

@@ -26,7 +26,7 @@ constexpr unsigned FirstTrail = 0x40;
 constexpr unsigned NoTrail = 0x7F;
 constexpr unsigned LastTrail = 0xFE;
 
-constinit std::mutex filling;
+constinit std::mutex fillingTables;
 
 struct ConverterCloser {
     void operator()(UConverter* converter) const noexcept { ucnv_close(converter); }
@@ -128,7 +128,7 @@ void Fill() {
 }  // namespace
 
 const CodePageTables& FillCodePage() {
-    const std::lock_guard lock(filling);
+    const std::lock_guard lock(fillingTables);
     if (!codePageFilled.load(std::memory_order_relaxed)) {
         Fill();
         codePageFilled.store(true, std::memory_order_release);

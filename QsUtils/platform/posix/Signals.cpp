@@ -12,7 +12,7 @@ namespace QsPlatform {
 
 namespace {
 
-class Mutex final : public HandleObject {
+class MutexObject final : public HandleObject {
 public:
     DWORD Wait(HandleLock& lock, const Deadline& deadline) override {
         const pthread_t caller = ::pthread_self();
@@ -71,12 +71,12 @@ HANDLE NewObject() noexcept {
 }  // namespace
 
 HANDLE NewMutex() noexcept {
-    return NewObject<Mutex>();
+    return NewObject<MutexObject>();
 }
 
 bool ReleaseOwnedMutex(HANDLE handle) noexcept {
     const HandleLock lock = LockHandles();
-    const auto mutex = std::dynamic_pointer_cast<Mutex>(FindObject(lock, handle));
+    const auto mutex = std::dynamic_pointer_cast<MutexObject>(FindObject(lock, handle));
     return mutex != nullptr && mutex->Release();
 }
 

@@ -6,12 +6,12 @@ namespace QsPlatform {
 
 namespace {
 
-bool IsBlank(char c) {
+bool IsShellBlank(char c) {
     return c == ' ' || c == '\t';
 }
 
 std::string_view WithoutBlanks(std::string_view text) {
-    while (!text.empty() && IsBlank(text.front()))
+    while (!text.empty() && IsShellBlank(text.front()))
         text.remove_prefix(1);
     return text;
 }
@@ -30,7 +30,7 @@ public:
 
     /// The word; nothing when it isn't all of the line, or more than quotes and HOME.
     std::optional<std::string> Read() {
-        while (!m_text.empty() && !(m_quote == 0 && IsBlank(m_text.front()))) {
+        while (!m_text.empty() && !(m_quote == 0 && IsShellBlank(m_text.front()))) {
             if (!ReadPart())
                 return std::nullopt;
         }

@@ -7,15 +7,11 @@
 
 #include "QsUtils/platform/posix/WordKey.h"
 #include "QsUtils/platform/posix/WordWeights.h"
+#include "QsUtils/text/TextSearch.h"
 
 namespace QsPlatform {
 
 namespace {
-
-/// The text that the system sees: its calls end at a NUL.
-std::u16string_view UpToNul(std::u16string_view text) {
-    return text.substr(0, text.find(u'\0'));
-}
 
 constexpr int Sign(bool less) {
     return less ? -1 : 1;
@@ -43,7 +39,7 @@ private:
 };
 
 int CompareKeys(std::u16string_view a, std::u16string_view b) {
-    const int order = WordKey(UpToNul(a)).Bytes().compare(WordKey(UpToNul(b)).Bytes());
+    const int order = WordKey(QsText::UpToNul(a)).Bytes().compare(WordKey(QsText::UpToNul(b)).Bytes());
     return order == 0 ? 0 : Sign(order < 0);
 }
 
@@ -107,7 +103,7 @@ int CompareWords(std::u16string_view a, std::u16string_view b) {
 }
 
 void AppendWordKey(std::u16string_view text, std::string& key) {
-    key += WordKey(UpToNul(text)).Bytes();
+    key += WordKey(QsText::UpToNul(text)).Bytes();
 }
 
 }  // namespace QsPlatform

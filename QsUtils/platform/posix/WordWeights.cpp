@@ -31,10 +31,10 @@ constexpr std::array<UnitWeight, 0x80> AsciiWeights = MakeAsciiWeights();
 // All zero at first: only the pages that are asked for take memory.
 constinit std::array<std::array<UnitWeight, PageSize>, 0x100> pages{};
 constinit std::array<std::atomic<bool>, 0x100> filled{};
-constinit std::mutex filling;
+constinit std::mutex fillingPages;
 
 void FillPage(std::size_t page) {
-    const std::lock_guard lock(filling);
+    const std::lock_guard lock(fillingPages);
     if (filled[page].load(std::memory_order_relaxed))
         return;
     FillWordWeights(static_cast<char16_t>(page * PageSize), pages[page]);

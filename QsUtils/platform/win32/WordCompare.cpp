@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "QsUtils/platform/win32/Windows.h"
+#include "QsUtils/text/TextSearch.h"
 
 namespace QsPlatform {
 
@@ -12,11 +13,6 @@ namespace {
 // the compare behind `lstrcmpW`, which would want a copy of each text with a NUL behind it.
 constexpr const wchar_t* Locale = L"zh-CN";
 
-/// The text that the system sees: its calls end at a NUL.
-std::u16string_view UpToNul(std::u16string_view text) {
-    return text.substr(0, text.find(u'\0'));
-}
-
 int Length(std::u16string_view text) {
     return static_cast<int>(std::min(text.size(), MostUnits));
 }
@@ -24,15 +20,15 @@ int Length(std::u16string_view text) {
 }  // namespace
 
 int CompareWords(std::u16string_view a, std::u16string_view b) {
-    a = UpToNul(a);
-    b = UpToNul(b);
+    a = QsText::UpToNul(a);
+    b = QsText::UpToNul(b);
     const int order = ::CompareStringEx(Locale, 0, SystemUnits(a.data()), Length(a), SystemUnits(b.data()),
                                         Length(b), nullptr, nullptr, 0);
     return order - CSTR_EQUAL;
 }
 
 void AppendWordKey(std::u16string_view text, std::string& key) {
-    text = UpToNul(text);
+    text = QsText::UpToNul(text);
     if (text.empty()) {
         // The system makes no key of an empty text: it gets that of a text whose units are all without
         // weight.

@@ -11,6 +11,7 @@
 
 #include "tests/estimate/ArgumentFolder.h"
 #include "tests/estimate/BillGenerator.h"
+#include "tests/estimate/TestSupport.h"
 #include "tests/support/ChildProcess.h"
 
 namespace {
@@ -55,10 +56,6 @@ std::string OnTerminal(const std::vector<std::string>& arguments, const char* ki
     EXPECT_EQ(status, 0);
     close(terminal);
     return text;
-}
-
-bool Has(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int notStarted = 127;
+constexpr int notConnected = 127;
 
 void CloseOnce(std::intptr_t& file) {
     if (file >= 0)
@@ -19,13 +19,13 @@ void CloseOnce(std::intptr_t& file) {
     file = -1;
 }
 
-[[noreturn]] void BecomeProgram(const ProgramCall& call, char** arguments, int in, int out) {
+[[noreturn]] void BecomeConnectedProgram(const ProgramCall& call, char** arguments, int in, int out) {
     if (dup2(in, STDIN_FILENO) >= 0 && dup2(out, STDOUT_FILENO) >= 0) {
         for (const auto& [name, value] : call.environment)
             setenv(name.c_str(), value.c_str(), 1);
         execv(arguments[0], arguments);
     }
-    _exit(notStarted);
+    _exit(notConnected);
 }
 
 }  // namespace
@@ -43,7 +43,7 @@ RunningProgram::RunningProgram(const ProgramCall& call) {
         throw std::runtime_error("no pipe");
     m_process = fork();
     if (m_process == 0)
-        BecomeProgram(call, arguments.data(), in[0], out[1]);
+        BecomeConnectedProgram(call, arguments.data(), in[0], out[1]);
     close(in[0]);
     close(out[1]);
     m_in = in[1];

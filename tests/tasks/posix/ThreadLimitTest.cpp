@@ -33,7 +33,7 @@ bool CanMakeThreads() {
     return true;
 }
 
-enum Outcome : int { AsPromised, NoLimit, Ran, Told, Alive, HandleIsThere, NotStarted };
+enum LimitOutcome : int { AsPromised, NoLimit, Ran, Told, Alive, HandleIsThere, NotStarted };
 
 struct Counts {
     std::atomic<int> ran{0};

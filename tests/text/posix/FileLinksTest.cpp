@@ -17,11 +17,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-CString At(const TemporaryFolder& folder, const CString& path) {
+CString PathIn(const TemporaryFolder& folder, const CString& path) {
     return FromNativePath(folder.Path()) + u'\\' + path;
 }
 
-CString Found(const CString& folder, const CString& name, const CString& tail = {}) {
+CString FoundBelow(const CString& folder, const CString& name, const CString& tail = {}) {
     CString found;
     IQsUtils::FindPath(found, folder, name, tail);
     return found;
@@ -49,7 +49,7 @@ TEST(FileLinks, ADeletionNeverFollowsOne) {
     fs::create_symlink("../outside/kept", folder.File("a/file"));
     fs::create_symlink("nowhere", folder.File("a/lost"));
     fs::create_symlink(".", folder.File("a/loop"));
-    EXPECT_TRUE(IQsUtils::DeleteDirectory(At(folder, u"a")));
+    EXPECT_TRUE(IQsUtils::DeleteDirectory(PathIn(folder, u"a")));
     EXPECT_EQ(folder.Read("outside/kept"), "x");
     EXPECT_EQ(folder.Entries(), 1);
 }
@@ -59,7 +59,7 @@ TEST(FileLinks, DeletingALinkRemovesTheLink) {
     folder.Write("a/kept", "x");
     for (const char16_t* name : {u"link", u"link\\"}) {
         fs::create_symlink("a", folder.File("link"));
-        EXPECT_TRUE(IQsUtils::DeleteDirectory(At(folder, name)));
+        EXPECT_TRUE(IQsUtils::DeleteDirectory(PathIn(folder, name)));
         EXPECT_EQ(folder.Entries(), 1);
     }
     EXPECT_EQ(folder.Read("a/kept"), "x");
@@ -73,11 +73,11 @@ TEST(FileLinks, NamesThatAreNoTextAreDeletedAndCopied) {
         ASSERT_EQ(::mkdir(path.c_str(), 0777), 0);
         ::close(::open((path / name).c_str(), O_CREAT | O_WRONLY, 0666));
     }
-    IQsUtils::CopyFolderAllFiles(At(folder, u"s"), At(folder, u"t"), true);
+    IQsUtils::CopyFolderAllFiles(PathIn(folder, u"s"), PathIn(folder, u"t"), true);
     EXPECT_TRUE(fs::exists(folder.File("t") / "x\xFFy" / "x\xFFy"));
     EXPECT_TRUE(fs::exists(folder.File("t") / "a\\b" / "a\\b"));
-    EXPECT_TRUE(IQsUtils::DeleteDirectory(At(folder, u"s")));
-    EXPECT_TRUE(IQsUtils::DeleteDirectory(At(folder, u"t")));
+    EXPECT_TRUE(IQsUtils::DeleteDirectory(PathIn(folder, u"s")));
+    EXPECT_TRUE(IQsUtils::DeleteDirectory(PathIn(folder, u"t")));
     EXPECT_EQ(folder.Entries(), 0);
 }
 
@@ -87,10 +87,10 @@ TEST(FileLinks, ASearchFollowsThemAndEnds) {
     folder.Write("real/y", "");
     fs::create_symlink("..", folder.File("a/up"));
     fs::create_symlink("../../real", folder.File("a/deep/z"));
-    EXPECT_EQ(Found(At(folder, u"a\\"), u"y"), At(folder, u"a\\deep\\z\\y"));
-    EXPECT_EQ(Found(At(folder, u"a\\"), u"none"), u"");
-    EXPECT_EQ(Found(At(folder, u"a\\"), u"y", u"up"), At(folder, u"a\\up\\a\\deep\\z\\y"));
-    EXPECT_EQ(Found(At(folder, u"a\\"), u"none", u"up\\a\\up"), u"");
+    EXPECT_EQ(FoundBelow(PathIn(folder, u"a\\"), u"y"), PathIn(folder, u"a\\deep\\z\\y"));
+    EXPECT_EQ(FoundBelow(PathIn(folder, u"a\\"), u"none"), u"");
+    EXPECT_EQ(FoundBelow(PathIn(folder, u"a\\"), u"y", u"up"), PathIn(folder, u"a\\up\\a\\deep\\z\\y"));
+    EXPECT_EQ(FoundBelow(PathIn(folder, u"a\\"), u"none", u"up\\a\\up"), u"");
 }
 
 TEST(FileLinks, ASearchIsBoundedByTheFolders) {
@@ -102,10 +102,11 @@ TEST(FileLinks, ASearchIsBoundedByTheFolders) {
             fs::create_symlink("../d" + std::to_string(i + 1),
                                folder.File("d" + std::to_string(i) + "/" + name));
     }
-    EXPECT_EQ(Found(At(folder, u"d0\\"), u"none"), u"");
+    EXPECT_EQ(FoundBelow(PathIn(folder, u"d0\\"), u"none"), u"");
     folder.Write("d23/x", "");
-    EXPECT_EQ(Found(At(folder, u"d0\\"), u"x").GetLength(), At(folder, u"d0\\x").GetLength() + 23 * 2);
-    IQsUtils::CopyFolderAllFiles(At(folder, u"d0"), At(folder, u"copy"), true);
+    EXPECT_EQ(FoundBelow(PathIn(folder, u"d0\\"), u"x").GetLength(),
+              PathIn(folder, u"d0\\x").GetLength() + 23 * 2);
+    IQsUtils::CopyFolderAllFiles(PathIn(folder, u"d0"), PathIn(folder, u"copy"), true);
     EXPECT_TRUE(folder.Has("copy/a/a/a/b/c"));
 }
 
@@ -120,7 +121,7 @@ TEST(FileLinks, ACopyHoldsWhatTheyLeadTo) {
     fs::create_symlink("../marked", folder.File("s/file"));
     fs::create_symlink("nowhere", folder.File("s/lost"));
     fs::create_symlink(".", folder.File("s/loop"));
-    IQsUtils::CopyFolderAllFiles(At(folder, u"s"), At(folder, u"t"), true);
+    IQsUtils::CopyFolderAllFiles(PathIn(folder, u"s"), PathIn(folder, u"t"), true);
     EXPECT_EQ(folder.Read("t/a"), "x");
     EXPECT_EQ(folder.Read("t/link/sub/b"), "y");
     EXPECT_EQ(folder.Read("t/link2/sub/b"), "y");
@@ -142,7 +143,7 @@ TEST(FileLinks, ACopyGoesToWhereALinkInTheTargetLeads) {
     fs::create_directory(folder.File("t"));
     fs::create_symlink("../outside/a", folder.File("t/a"));
     fs::create_symlink("../outside/sub", folder.File("t/sub"));
-    IQsUtils::CopyFolderAllFiles(At(folder, u"s"), At(folder, u"t"), false);
+    IQsUtils::CopyFolderAllFiles(PathIn(folder, u"s"), PathIn(folder, u"t"), false);
     EXPECT_TRUE(fs::is_symlink(folder.File("t/a")));
     EXPECT_EQ(folder.Read("outside/a"), "new");
     EXPECT_FALSE(fs::is_symlink(folder.File("t/sub")));
@@ -156,9 +157,9 @@ TEST(FileLinks, ThreeWaysToCopyAFolderIntoItselfEnd) {
     fs::create_directory(folder.File("t"));
     fs::create_symlink("../../t/a", folder.File("s/a/l"));
     fs::create_symlink("../..", folder.File("s/a/up"));
-    IQsUtils::CopyFolderAllFiles(At(folder, u"s"), At(folder, u"t"), false);
+    IQsUtils::CopyFolderAllFiles(PathIn(folder, u"s"), PathIn(folder, u"t"), false);
     EXPECT_EQ(folder.Read("t/a/x"), "x");
-    EXPECT_TRUE(IQsUtils::DeleteDirectory(At(folder, u"t")));
+    EXPECT_TRUE(IQsUtils::DeleteDirectory(PathIn(folder, u"t")));
 }
 
 TEST(FileLinks, PipesAndTheirLikeAreLeftOut) {
@@ -166,19 +167,19 @@ TEST(FileLinks, PipesAndTheirLikeAreLeftOut) {
     folder.Write("s/a", "x");
     ASSERT_EQ(::mkfifo(folder.File("s/pipe").c_str(), 0666), 0);
     fs::create_symlink("pipe", folder.File("s/link"));
-    IQsUtils::CopyFolderAllFiles(At(folder, u"s"), At(folder, u"t"), true);
+    IQsUtils::CopyFolderAllFiles(PathIn(folder, u"s"), PathIn(folder, u"t"), true);
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.File("t")), {}), 1);
-    EXPECT_TRUE(IQsUtils::IsFileOpen(At(folder, u"s\\pipe")));
-    EXPECT_TRUE(IQsUtils::DeleteDirectory(At(folder, u"s")));
+    EXPECT_TRUE(IQsUtils::IsFileOpen(PathIn(folder, u"s\\pipe")));
+    EXPECT_TRUE(IQsUtils::DeleteDirectory(PathIn(folder, u"s")));
 }
 
 TEST(FileLinks, DepthHasNoLimit) {
     const TemporaryFolder folder;
     RunOnSmallStack(std::size_t{256} << 10, [&] {
         MakeDeep(folder.File("deep"), 100'000);
-        const CString found = Found(At(folder, u"deep\\"), u"last");
-        EXPECT_EQ(found.GetLength(), At(folder, u"deep\\last").GetLength() + 2 * 100'000);
-        EXPECT_TRUE(IQsUtils::DeleteDirectory(At(folder, u"deep")));
+        const CString found = FoundBelow(PathIn(folder, u"deep\\"), u"last");
+        EXPECT_EQ(found.GetLength(), PathIn(folder, u"deep\\last").GetLength() + 2 * 100'000);
+        EXPECT_TRUE(IQsUtils::DeleteDirectory(PathIn(folder, u"deep")));
     });
     EXPECT_EQ(folder.Entries(), 0);
 }
@@ -186,11 +187,11 @@ TEST(FileLinks, DepthHasNoLimit) {
 TEST(FileLinks, ACopyHasNoLimitOfDepth) {
     const TemporaryFolder folder;
     MakeDeep(folder.File("s"), 20'000);
-    IQsUtils::CopyFolderAllFiles(At(folder, u"s"), At(folder, u"t"), true);
-    EXPECT_EQ(Found(At(folder, u"t\\"), u"last").GetLength(),
-              At(folder, u"t\\last").GetLength() + 2 * 20'000);
-    EXPECT_TRUE(IQsUtils::DeleteDirectory(At(folder, u"s")));
-    EXPECT_TRUE(IQsUtils::DeleteDirectory(At(folder, u"t")));
+    IQsUtils::CopyFolderAllFiles(PathIn(folder, u"s"), PathIn(folder, u"t"), true);
+    EXPECT_EQ(FoundBelow(PathIn(folder, u"t\\"), u"last").GetLength(),
+              PathIn(folder, u"t\\last").GetLength() + 2 * 20'000);
+    EXPECT_TRUE(IQsUtils::DeleteDirectory(PathIn(folder, u"s")));
+    EXPECT_TRUE(IQsUtils::DeleteDirectory(PathIn(folder, u"t")));
 }
 
 // The way back from behind a link isn't "..", and the folders above are closed that far down.
@@ -202,8 +203,8 @@ TEST(FileLinks, TheWayBackFromLinksFarBelow) {
     for (int i = 0; i < 60; ++i)
         end /= "d";
     fs::create_symlink(folder.File("b"), end / "link");
-    EXPECT_EQ(Found(At(folder, u"a\\"), u"none"), u"");
-    IQsUtils::CopyFolderAllFiles(At(folder, u"a"), At(folder, u"c"), true);
+    EXPECT_EQ(FoundBelow(PathIn(folder, u"a\\"), u"none"), u"");
+    IQsUtils::CopyFolderAllFiles(PathIn(folder, u"a"), PathIn(folder, u"c"), true);
     fs::path copy = folder.File("c");
     for (int i = 0; i < 60; ++i)
         copy /= "d";

@@ -41,7 +41,7 @@ void WriteFiles(const TemporaryFolder& folder, const std::string& name, char ver
             folder.Write(name + "/" + NameOf(i, file), ContentOf(version, i, file));
 }
 
-void Copy(const TemporaryFolder& folder) {
+void CopyOnce(const TemporaryFolder& folder) {
     IQsUtils::CopyFolderAllFiles(folder.Text("source") + u"\\", folder.Text("target") + u"\\", false);
 }
 
@@ -64,7 +64,7 @@ bool IsWholeWhereItIs(const TemporaryFolder& folder) {
 bool IsKilled(const TemporaryFolder& folder, int microseconds) {
     const pid_t child = ::fork();
     if (child == 0) {
-        Copy(folder);
+        CopyOnce(folder);
         ::_exit(0);
     }
     ::usleep(static_cast<useconds_t>(microseconds));
@@ -79,7 +79,7 @@ TEST(KilledCopy, FilesAreWholeAndTheNextCopyClearsUp) {
     WriteFiles(folder, "source", 'n');
     WriteFiles(folder, "target", 'o');
     const auto begin = std::chrono::steady_clock::now();
-    Copy(folder);
+    CopyOnce(folder);
     const auto length =
         std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begin);
     std::mt19937 random(11);
@@ -97,7 +97,7 @@ TEST(KilledCopy, FilesAreWholeAndTheNextCopyClearsUp) {
         unfinished += std::any_of(fs::directory_iterator(target), {}, isVersion);
         const CString found = QsPlatform::FindInTree(folder.Text("target") + u"\\", u"1", CString());
         EXPECT_EQ(found.View().find(u".qsutils-"), std::u16string_view::npos);
-        Copy(folder);
+        CopyOnce(folder);
         for (int i = 0; i < FolderCount; ++i)
             for (int file = 0; file < FilesIn(i); ++file)
                 ASSERT_EQ(folder.Read("target/" + NameOf(i, file)), ContentOf('n', i, file)) << round;

@@ -28,15 +28,15 @@ std::string Name(const char* what) {
     return "qsutils-test-" + std::to_string(::getpid()) + "-" + what;
 }
 
-CString Text(const std::string& name) {
+CString BudgetText(const std::string& name) {
     return CString(std::u16string(name.begin(), name.end()));
 }
 
 /// A path that goes with the test.
-class Path {
+class SharedPath {
 public:
-    explicit Path(const std::string& name) : m_path("/dev/shm/" + name) {}
-    ~Path() {
+    explicit SharedPath(const std::string& name) : m_path("/dev/shm/" + name) {}
+    ~SharedPath() {
         ::unlink(m_path.c_str());
         ::rmdir(m_path.c_str());
     }
@@ -48,42 +48,42 @@ private:
 
 TEST(SharedTextHostile, AMissingObjectIsntLeftBehind) {
     const std::string name = Name("missing");
-    EXPECT_FALSE(ReadSharedText(Text(name)));
+    EXPECT_FALSE(ReadSharedText(BudgetText(name)));
     EXPECT_FALSE(SharedObject::Exists(name));
 }
 
 TEST(SharedTextHostile, AnEmptyObjectHasAnEmptyText) {
     const std::string name = Name("empty");
     const SharedObject object(name, "");
-    EXPECT_EQ(ReadSharedText(Text(name)), CString());
+    EXPECT_EQ(ReadSharedText(BudgetText(name)), CString());
 }
 
 TEST(SharedTextHostile, HalfAUnitAtTheEndIsNone) {
     const std::string name = Name("half");
     const SharedObject object(name, TextBytes(u"A&B") + "&");
-    EXPECT_EQ(ReadSharedText(Text(name)), CString(u"A&B"));
+    EXPECT_EQ(ReadSharedText(BudgetText(name)), CString(u"A&B"));
 }
 
 TEST(SharedTextHostile, APipeIsntWaitedFor) {
     const std::string name = Name("pipe");
-    const Path path(name);
+    const SharedPath path(name);
     ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
-    EXPECT_FALSE(ReadSharedText(Text(name)));
+    EXPECT_FALSE(ReadSharedText(BudgetText(name)));
 }
 
 TEST(SharedTextHostile, AFolderAndALinkAreNoObjects) {
     const std::string folder = Name("folder");
-    const Path folderPath(folder);
+    const SharedPath folderPath(folder);
     ASSERT_EQ(::mkdir(folderPath.c_str(), 0700), 0);
-    EXPECT_FALSE(ReadSharedText(Text(folder)));
+    EXPECT_FALSE(ReadSharedText(BudgetText(folder)));
 
     const std::string target = Name("target");
     const SharedObject object(target, TextBytes(u"A&"));
-    ASSERT_EQ(ReadSharedText(Text(target)), CString(u"A&"));
+    ASSERT_EQ(ReadSharedText(BudgetText(target)), CString(u"A&"));
     const std::string link = Name("link");
-    const Path linkPath(link);
+    const SharedPath linkPath(link);
     ASSERT_EQ(::symlink(("/dev/shm/" + target).c_str(), linkPath.c_str()), 0);
-    EXPECT_FALSE(ReadSharedText(Text(link)));
+    EXPECT_FALSE(ReadSharedText(BudgetText(link)));
 }
 
 TEST(SharedTextHostile, AnObjectOfSomebodyElseDoesntCount) {
@@ -92,11 +92,12 @@ TEST(SharedTextHostile, AnObjectOfSomebodyElseDoesntCount) {
     const std::string name = Name("owner");
     const SharedObject object(name, TextBytes(u"A&"));
     ASSERT_EQ(::chmod(("/dev/shm/" + name).c_str(), 0666), 0);
-    EXPECT_EQ(ReadSharedText(Text(name)), CString(u"A&"));
+    EXPECT_EQ(ReadSharedText(BudgetText(name)), CString(u"A&"));
     ASSERT_EQ(::chown(("/dev/shm/" + name).c_str(), Somebody, Somebody), 0);
-    EXPECT_FALSE(ReadSharedText(Text(name)));
+    EXPECT_FALSE(ReadSharedText(BudgetText(name)));
     EXPECT_EQ(InChild([&] {
-                  return ::seteuid(Somebody) == 0 && ReadSharedText(Text(name)) == CString(u"A&") ? 0 : 1;
+                  return ::seteuid(Somebody) == 0 && ReadSharedText(BudgetText(name)) == CString(u"A&") ? 0
+                                                                                                        : 1;
               }),
               0);
 }
@@ -108,7 +109,7 @@ TEST(SharedTextHostile, WithoutTheRightToReadThereIsNoText) {
     EXPECT_EQ(InChild([&] {
                   if (::geteuid() == 0 && ::seteuid(Somebody) != 0)
                       return 2;
-                  return ReadSharedText(Text(name)) ? 1 : 0;
+                  return ReadSharedText(BudgetText(name)) ? 1 : 0;
               }),
               0);
 }
@@ -117,7 +118,7 @@ TEST(SharedTextHostile, AnObjectOfTerabytesIsReadToTheLimit) {
     const std::string name = Name("huge");
     const SharedObject object(name, TextBytes(u"A&"));
     ASSERT_EQ(::truncate(("/dev/shm/" + name).c_str(), off_t{1} << 41), 0);
-    EXPECT_EQ(ReadSharedText(Text(name)), CString(u"A&"));
+    EXPECT_EQ(ReadSharedText(BudgetText(name)), CString(u"A&"));
 }
 
 TEST(SharedTextHostile, AnOwnerMayCutAndFillMeanwhile) {
@@ -135,7 +136,7 @@ TEST(SharedTextHostile, AnOwnerMayCutAndFillMeanwhile) {
         ::close(file);
     });
     for (int round = 0; round < Rounds(20'000); ++round) {
-        const std::optional<CString> text = ReadSharedText(Text(name));
+        const std::optional<CString> text = ReadSharedText(BudgetText(name));
         ASSERT_TRUE(text);
         for (const char16_t unit : text->View())
             ASSERT_TRUE(unit == u'\x7878' || unit == u'A' || unit == u'&') << static_cast<unsigned>(unit);
@@ -148,13 +149,13 @@ TEST(SharedTextHostile, NoDescriptorStaysOpen) {
     const std::string name = Name("leak");
     const SharedObject object(name, TextBytes(u"A&"));
     const std::string pipe = Name("leak-pipe");
-    const Path path(pipe);
+    const SharedPath path(pipe);
     ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
     const std::size_t before = CountHandles();
     for (int round = 0; round < 100; ++round) {
-        ReadSharedText(Text(name));
-        ReadSharedText(Text(pipe));
-        ReadSharedText(Text(Name("none")));
+        ReadSharedText(BudgetText(name));
+        ReadSharedText(BudgetText(pipe));
+        ReadSharedText(BudgetText(Name("none")));
     }
     EXPECT_EQ(CountHandles(), before);
 }
@@ -192,11 +193,11 @@ TEST(OpenBudgetHost, WhatAKilledOneLeftIsReplacedOnDemand) {
         EXPECT_EQ(host.Wait(), -1);
     }
     EXPECT_TRUE(SharedObject::Exists(name));
-    EXPECT_EQ(ReadSharedText(Text(name)), CString(u"A&"));
+    EXPECT_EQ(ReadSharedText(BudgetText(name)), CString(u"A&"));
     EXPECT_EQ(RunProgram({OPEN_BUDGET_HOST, {"hold", key, "B"}, {}, {}}).status, 1);
     RunningProgram host({OPEN_BUDGET_HOST, {"hold", "--replace", key, "B"}, {}, {}});
     EXPECT_EQ(host.ReadLine(), "holding " + name);
-    EXPECT_EQ(ReadSharedText(Text(name)), CString(u"B&"));
+    EXPECT_EQ(ReadSharedText(BudgetText(name)), CString(u"B&"));
     host.CloseInput();
     EXPECT_EQ(host.Wait(), 0);
     EXPECT_FALSE(SharedObject::Exists(name));

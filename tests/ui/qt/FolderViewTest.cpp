@@ -17,7 +17,7 @@
 
 namespace {
 
-QsQt::QtViews views;
+QsQt::QtViews folderViews;
 
 int UseView(CFolderDialog& dialog, const std::function<void(QWidget*)>& act) {
     Robot::When([] { return Robot::WindowWith("folders"); }, act);
@@ -31,7 +31,7 @@ QString CurrentFolder(QWidget* view) {
 TEST(FolderView, TheChosenFolderIsGiven) {
     const TemporaryFolder root;
     root.Write("图集/x", "");
-    CFolderDialog dialog(&views);
+    CFolderDialog dialog(&folderViews);
     EXPECT_EQ(UseView(dialog,
                       [&](QWidget* view) {
                           Robot::GoToFolder(view, root.File("图集").string());
@@ -47,7 +47,7 @@ TEST(FolderView, TheChosenFolderIsGiven) {
 TEST(FolderView, TheInitialFolderIsSelected) {
     const TemporaryFolder root;
     root.Write("a/b/x", "");
-    CFolderDialog dialog(&views, root.Text("a/b"));
+    CFolderDialog dialog(&folderViews, root.Text("a/b"));
     EXPECT_EQ(UseView(dialog,
                       [&](QWidget* view) {
                           EXPECT_EQ(Robot::Utf8(CurrentFolder(view)), "b");
@@ -58,17 +58,17 @@ TEST(FolderView, TheInitialFolderIsSelected) {
 }
 
 TEST(FolderView, WithoutAnInitialFolderItBeginsAtHome) {
-    CFolderDialog dialog(&views);
+    CFolderDialog dialog(&folderViews);
     EXPECT_EQ(UseView(dialog, [](QWidget* view) { Robot::Click(view, "confirm"); }), QsUi::IdOk);
     EXPECT_EQ(dialog.GetSelectedPath(), FromNativePath(QDir::homePath().toStdString()));
-    CFolderDialog astray(&views, u"\\no such folder");
+    CFolderDialog astray(&folderViews, u"\\no such folder");
     UseView(astray, [](QWidget* view) { Robot::Press(view, Qt::Key_Escape); });
     EXPECT_EQ(astray.GetSelectedPath(), u"\\no such folder");
 }
 
 TEST(FolderView, CancellingGivesNothing) {
     const TemporaryFolder root;
-    CFolderDialog dialog(&views, u"\\");
+    CFolderDialog dialog(&folderViews, u"\\");
     EXPECT_EQ(UseView(dialog,
                       [&](QWidget* view) {
                           Robot::GoToFolder(view, root.Path().string());
@@ -82,7 +82,7 @@ TEST(FolderView, FilesArentShownAndFoldersAreOpenedWithTheKeys) {
     const TemporaryFolder root;
     root.Write("sub/x", "");
     root.Write("file", "");
-    CFolderDialog dialog(&views, FromNativePath(root.Path()));
+    CFolderDialog dialog(&folderViews, FromNativePath(root.Path()));
     EXPECT_EQ(UseView(dialog,
                       [&](QWidget* view) {
                           QTreeView& tree = *view->findChild<QTreeView*>(QStringLiteral("folders"));
@@ -102,7 +102,7 @@ TEST(FolderView, APathThatDoesntFitIsNone) {
     for (int depth = 0; depth < 5; ++depth)
         name += std::string(60, 'x') + "/";
     root.Write(name + "f", "");
-    CFolderDialog dialog(&views, FromNativePath(root.File(name.substr(0, name.size() - 1))));
+    CFolderDialog dialog(&folderViews, FromNativePath(root.File(name.substr(0, name.size() - 1))));
     EXPECT_EQ(UseView(dialog, [](QWidget* view) { Robot::Click(view, "confirm"); }), QsUi::IdCancel);
 }
 
@@ -114,7 +114,7 @@ TEST(FolderView, ThePathsOfTheLongestLengthFit) {
         name += std::string(length - above - name.size(), 'y');
         root.Write(name + "/f", "");
         ASSERT_EQ(root.Text(name).View().size(), length);
-        CFolderDialog dialog(&views, root.Text(name));
+        CFolderDialog dialog(&folderViews, root.Text(name));
         const int end = UseView(dialog, [](QWidget* view) { Robot::Click(view, "confirm"); });
         EXPECT_EQ(end, length == 259 ? QsUi::IdOk : QsUi::IdCancel);
         EXPECT_EQ(dialog.GetSelectedPath(), length == 259 ? root.Text(name) : CString());
@@ -125,7 +125,7 @@ TEST(FolderView, CancellingForgetsWhatWasSelected) {
     const TemporaryFolder root;
     root.Write("a/x", "");
     root.Write("b/x", "");
-    CFolderDialog dialog(&views, root.Text("a"));
+    CFolderDialog dialog(&folderViews, root.Text("a"));
     EXPECT_EQ(UseView(dialog,
                       [&](QWidget* view) {
                           Robot::GoToFolder(view, root.File("b").string());
@@ -140,7 +140,7 @@ TEST(FolderView, AFolderWhoseNameCantBeWrittenHasNoPath) {
     const TemporaryFolder root;
     std::filesystem::create_directory(root.File("a\\b"));
     root.Write("a/b/x", "");
-    CFolderDialog dialog(&views, FromNativePath(root.Path()));
+    CFolderDialog dialog(&folderViews, FromNativePath(root.Path()));
     EXPECT_EQ(UseView(dialog,
                       [&](QWidget* view) {
                           Robot::GoToFolder(view, root.File("a\\b").string());
@@ -155,7 +155,7 @@ TEST(FolderView, AFolderWhoseNameCantBeWrittenHasNoPath) {
 TEST(FolderView, AHiddenInitialFolderIsShown) {
     const TemporaryFolder root;
     root.Write(".templates/own/x", "");
-    CFolderDialog dialog(&views, root.Text(".templates/own"));
+    CFolderDialog dialog(&folderViews, root.Text(".templates/own"));
     EXPECT_EQ(UseView(dialog, [](QWidget* view) { Robot::Press(view, Qt::Key_Return); }), QsUi::IdOk);
     EXPECT_EQ(dialog.GetSelectedPath(), root.Text(".templates/own"));
 }
@@ -175,7 +175,7 @@ TEST(FolderView, TheDialogsOperationsAreCalled) {
     };
     const TemporaryFolder root;
     root.Write("a/x", "");
-    Watching dialog(&views, root.Text("a"));
+    Watching dialog(&folderViews, root.Text("a"));
     UseView(dialog, [&](QWidget* view) {
         EXPECT_EQ(dialog.calls, "is");
         Robot::GoToFolder(view, root.Path().string());
@@ -186,7 +186,7 @@ TEST(FolderView, TheDialogsOperationsAreCalled) {
 }
 
 TEST(FolderView, ItHasTheStatedTexts) {
-    CFolderDialog dialog(&views, u"\\");
+    CFolderDialog dialog(&folderViews, u"\\");
     EXPECT_EQ(
         UseView(dialog,
                 [](QWidget* view) {

@@ -35,10 +35,10 @@ std::unique_ptr<XMLNode> LargeTree(const std::wstring& text) {
     return root;
 }
 
-enum Outcome : int { Saved, Refused, CanNotOpen, CanNotWrite, SomethingElse };
+enum SaveOutcome : int { Saved, Refused, CanNotOpen, CanNotWrite, SomethingElse };
 
 template <typename Save>
-Outcome OutcomeOf(Save save) {
+SaveOutcome SaveOutcomeOf(Save save) {
     try {
         return save() ? Saved : Refused;
     } catch (const xercesc::IOException&) {
@@ -60,18 +60,18 @@ protected:
     }
     /// Both ways of saving, one after the other.
     template <typename Prepare>
-    void ExpectOutcome(Outcome expected, Prepare prepare) {
+    void ExpectOutcome(SaveOutcome expected, Prepare prepare) {
         EXPECT_EQ(InChild([&] {
                       const auto tree = LargeTree(L"a text of some length");
                       prepare();
-                      return OutcomeOf([&] { return SaveXMLNode(tree.get(), Path(), false); });
+                      return SaveOutcomeOf([&] { return SaveXMLNode(tree.get(), Path(), false); });
                   }),
                   expected);
         EXPECT_EQ(InChild([&] {
                       NS_XMLACCESS::IXmlAccessTool* const tool = GetXmlAccessTool();
                       tool->LoadXmlFile(Path());
                       prepare();
-                      return OutcomeOf([&] { return tool->SaveXmlFile(L""); });
+                      return SaveOutcomeOf([&] { return tool->SaveXmlFile(L""); });
                   }),
                   expected);
     }

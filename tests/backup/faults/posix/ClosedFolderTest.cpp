@@ -24,7 +24,15 @@ const TreeOfFiles Live = {{"plan.dwg", "another plan"}, {"a/", ""}, {"a/1.dwg", 
 const std::string DataBase(40'000, 'o');
 const std::string Work(90'000, 'w');
 
-enum Result : int { AsExpected, RightsKept, DrawingsWrong, DataBaseWrong, Left, NeverKilled, Raised };
+enum ClosedResult : int {
+    AsExpected,
+    RightsKept,
+    DrawingsWrong,
+    DataBaseWrong,
+    Left,
+    NeverKilled,
+    HasThrown
+};
 
 /// The test goes on without root's rights: what a folder's marks forbid to its owner is forbidden to it, too.
 /// It stays the same user, for whom all folders on the way are open.
@@ -65,7 +73,7 @@ protected:
         WriteBytes(m_project.WorkingDataBase(), Work);
         WriteBytes(m_project.Versions(), "[GraphicFileInfo]\r\nRunVer=2\r\nBackUpVer=1\r\n");
     }
-    Result Look(Operation operation, bool isKilled) const {
+    ClosedResult Look(Operation operation, bool isKilled) const {
         const bool isSave = operation == Operation::Save;
         const std::string dataBase = BytesOf(m_project.DataBase());
         if (dataBase != (isSave ? Work : DataBase) && !(isKilled && dataBase == DataBase))
@@ -79,19 +87,19 @@ protected:
                 return Left;
         return AsExpected;
     }
-    Result Try(Operation operation) const {
+    ClosedResult Try(Operation operation) const {
         if (!GiveUpRights())
             return RightsKept;
         Reset();
         Carry(operation, m_project.Path());
-        if (const Result result = Look(operation, false); result != AsExpected)
+        if (const ClosedResult result = Look(operation, false); result != AsExpected)
             return result;
         for (int point = 1;; ++point) {
             Reset();
             if (CarryApart(operation, m_project.Path(), Plan{Fault::Killed, point}))
                 return point > 10 ? AsExpected : NeverKilled;
             Carry(Operation::Look, m_project.Path());
-            if (const Result result = Look(operation, true); result != AsExpected)
+            if (const ClosedResult result = Look(operation, true); result != AsExpected)
                 return result;
         }
     }
@@ -101,7 +109,7 @@ protected:
                 return Try(operation);
             } catch (const std::exception& error) {
                 std::fprintf(stderr, "%s\n", error.what());
-                return Raised;
+                return HasThrown;
             }
         });
     }

@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TreeOfFiles Drawings(char version) {
+TreeOfFiles ManyDrawings(char version) {
     TreeOfFiles tree;
     for (int i = 0; i < 150; ++i)
         tree["floor " + std::to_string(i % 7) + "/" + std::to_string(i)] =
@@ -53,8 +53,8 @@ class RandomKill : public ::testing::TestWithParam<Operation> {};
 
 TEST_P(RandomKill, LeavesWholeVersions) {
     const Operation operation = GetParam();
-    const TreeOfFiles one = Drawings('a');
-    const TreeOfFiles other = Drawings('b');
+    const TreeOfFiles one = ManyDrawings('a');
+    const TreeOfFiles other = ManyDrawings('b');
     const std::string dataBases[] = {std::string(2'000'000, 'o'), std::string(2'000'000, 'w')};
     const BackedUpProject project;
     std::mt19937 random(7);
