@@ -15,13 +15,13 @@ namespace {
 
 constexpr std::size_t projectBytes = 50'000'000;
 
-const XmlProject& Project() {
+const XmlProject& LargeProject() {
     static const XmlProject project(projectBytes);
     return project;
 }
 
 std::wstring ProjectPath() {
-    return FromNativePath(Project().Path()).ToWide();
+    return FromNativePath(LargeProject().Path()).ToWide();
 }
 
 // What is compared is the reading. A host keeps what it has read, and frees it when nobody waits.
@@ -39,7 +39,7 @@ BENCHMARK(LoadTreeOurs)->Name("Xml/LoadTree/ours")->Unit(benchmark::kMillisecond
 
 void LoadTreeXerces(benchmark::State& state) {
     for (auto _ : state) {
-        const XmlDom dom(Project().Path());
+        const XmlDom dom(LargeProject().Path());
         if (!dom.HasRoot())
             state.SkipWithError("no document");
         state.PauseTiming();
@@ -62,7 +62,7 @@ BENCHMARK(FreeTree)->Name("Xml/FreeTree/ours")->Unit(benchmark::kMillisecond);
 /// The peak of a process that does nothing else. It is told as items per second, the reciprocal of a cost,
 /// which is what ratios are taken of.
 void PeakMemory(benchmark::State& state, const std::string& way) {
-    const std::string command = std::string(XML_PEAK) + " " + way + " '" + Project().Path().string() + "'";
+    const std::string command = std::string(XML_PEAK) + " " + way + " '" + LargeProject().Path().string() + "'";
     double bytes = 0;
     for (auto _ : state) {
         std::FILE* const pipe = popen(command.c_str(), "r");
@@ -91,10 +91,10 @@ BENCHMARK(SaveTreeOurs)->Name("Xml/SaveTree/ours")->Unit(benchmark::kMillisecond
 
 void SaveTreeXerces(benchmark::State& state) {
     using namespace xercesc;
-    const XmlDom dom(Project().Path());
+    const XmlDom dom(LargeProject().Path());
     DOMImplementation* const implementation = XmlDom::Implementation();
     DOMLSSerializer* const serializer = implementation->createLSSerializer();
-    const std::string path = Project().Path().string() + ".saved";
+    const std::string path = LargeProject().Path().string() + ".saved";
     for (auto _ : state) {
         DOMLSOutput* const output = implementation->createLSOutput();
         LocalFileFormatTarget target(path.c_str());
