@@ -62,7 +62,8 @@ BENCHMARK(FreeTree)->Name("Xml/FreeTree/ours")->Unit(benchmark::kMillisecond);
 /// The peak of a process that does nothing else. It is told as items per second, the reciprocal of a cost,
 /// which is what ratios are taken of.
 void PeakMemory(benchmark::State& state, const std::string& way) {
-    const std::string command = std::string(XML_PEAK) + " " + way + " '" + LargeProject().Path().string() + "'";
+    const std::string command =
+        std::string(XML_PEAK) + " " + way + " '" + LargeProject().Path().string() + "'";
     double bytes = 0;
     for (auto _ : state) {
         std::FILE* const pipe = popen(command.c_str(), "r");

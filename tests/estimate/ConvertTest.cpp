@@ -185,7 +185,7 @@ TEST_F(Convert, AFailureLeavesTheOldFile) {
 }
 
 TEST_F(Convert, WhatATableCannotSay) {
-    const std::string project = Write("p.xml", "<Project><CsvBill><Item Code='1'/></CsvBill></Project>");
+    const std::string project = Write("p.xml", "<Project><Bill><Item Code='1'/></Bill></Project>");
     const ProgramRun run = RunEstimate({"convert", project, "-o", Path("b.csv")});
     EXPECT_EQ(run.status, 2);
     EXPECT_TRUE(run.err.starts_with(project + ": item 1: error: a table tells a bill item by its code"))
