@@ -3,13 +3,13 @@
 #include <exception>
 
 using QsUi::FolderBrowserMessage;
-using QsUi::FolderItem;
 using QsUi::IFolderBrowserWindow;
 
 namespace {
 
 // Nothing may pass through the browser, which is the system's; without memory its status stays behind.
-int Callback(IFolderBrowserWindow* window, FolderBrowserMessage message, FolderItem item, void* object) {
+int Callback(IFolderBrowserWindow* window, FolderBrowserMessage message, QsUi::FolderItem item,
+             void* object) {
     try {
         static_cast<CFolderDialog*>(object)->OnBrowseCallback(window, message, item);
     } catch (const std::exception&) {
@@ -33,7 +33,7 @@ CFolderDialog::~CFolderDialog() = default;
 
 int CFolderDialog::DoModal() {
     m_strSelectedPath = m_strInitialPath;
-    const FolderItem chosen = m_views == nullptr ? nullptr : m_views->BrowseForFolder(m_bi);
+    const QsUi::FolderItem chosen = m_views == nullptr ? nullptr : m_views->BrowseForFolder(m_bi);
     m_hWnd = nullptr;
     if (chosen == nullptr) {
         m_strSelectedPath = m_strInitialPath;  // what was selected before the user cancelled doesn't count
@@ -51,14 +51,14 @@ void CFolderDialog::OnInitialized() {
     m_hWnd->SetStatusText(QsUi::ShortenedForStatus(m_strInitialPath).View());
 }
 
-void CFolderDialog::OnSelChanged(FolderItem item) {
+void CFolderDialog::OnSelChanged(QsUi::FolderItem item) {
     m_views->GetPath(item, m_szPath);  // empty for a folder without a path, and so is the status line
     m_strSelectedPath = m_szPath;
     m_hWnd->SetStatusText(QsUi::ShortenedForStatus(m_strSelectedPath).View());
 }
 
 void CFolderDialog::OnBrowseCallback(IFolderBrowserWindow* window, FolderBrowserMessage message,
-                                     FolderItem item) {
+                                     QsUi::FolderItem item) {
     m_hWnd = window;
     if (message == FolderBrowserMessage::Initialized)
         OnInitialized();

@@ -10,10 +10,6 @@ namespace QsPlatform {
 
 namespace {
 
-HANDLE HandleOf(std::intptr_t file) {
-    return reinterpret_cast<HANDLE>(file);
-}
-
 /// As the runtime's streams share a file.
 HANDLE OpenFile(const std::filesystem::path& path, DWORD disposition) {
     return ::CreateFileW(path.c_str(), GENERIC_READ | FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE,
@@ -30,7 +26,7 @@ AppendedFile::~AppendedFile() {
 
 void AppendedFile::Close() noexcept {
     if (m_file != NoFile)
-        ::CloseHandle(HandleOf(std::exchange(m_file, NoFile)));
+        ::CloseHandle(FileHandle(std::exchange(m_file, NoFile)));
 }
 
 AppendedFile::State AppendedFile::Open() noexcept {
@@ -75,11 +71,10 @@ AppendedFile::Renewal AppendedFile::Renew() noexcept {
 }
 
 bool AppendedFile::Write(const void* bytes, std::size_t count) noexcept {
-    constexpr std::size_t largestPart = std::size_t{1} << 26;
     const char* next = static_cast<const char*>(bytes);
     while (count > 0) {
         DWORD written = 0;
-        if (!::WriteFile(HandleOf(m_file), next, static_cast<DWORD>(std::min(count, largestPart)), &written,
+        if (!::WriteFile(FileHandle(m_file), next, static_cast<DWORD>(std::min(count, LargestPart)), &written,
                          nullptr) ||
             written == 0)
             return false;

@@ -9,22 +9,11 @@
 
 namespace QsPlatform {
 
-namespace {
-
-/// The most that one call reads.
-constexpr std::size_t LargestPart = std::size_t{1} << 26;
-
-HANDLE HandleOf(std::intptr_t file) {
-    return reinterpret_cast<HANDLE>(file);
-}
-
-}  // namespace
-
 FileStream::FileStream(const CString& path) : m_failure(Open(path)) {}
 
 FileStream::~FileStream() {
     if (m_file != NoFile)
-        ::CloseHandle(HandleOf(m_file));
+        ::CloseHandle(FileHandle(m_file));
 }
 
 FileFailure FileStream::Open(const CString& path) {
@@ -55,7 +44,8 @@ std::size_t FileStream::Read(void* bytes, std::size_t count) noexcept {
     if (m_failure != FileFailure::None)
         return 0;
     DWORD got = 0;
-    if (::ReadFile(HandleOf(m_file), bytes, static_cast<DWORD>(std::min(count, LargestPart)), &got, nullptr))
+    if (::ReadFile(FileHandle(m_file), bytes, static_cast<DWORD>(std::min(count, LargestPart)), &got,
+                   nullptr))
         return got;
     m_failure = FailureOf(::GetLastError(), FileFailure::Other);
     return 0;

@@ -10,16 +10,16 @@ namespace QsPlatform {
 
 namespace {
 
-class Search {
+class SystemSearch {
 public:
-    explicit Search(const std::wstring& pattern) noexcept
+    explicit SystemSearch(const std::wstring& pattern) noexcept
         : m_handle(pattern.empty()
                        ? INVALID_HANDLE_VALUE
                        : ::FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &m_found, FindExSearchNameMatch,
                                             nullptr, FIND_FIRST_EX_LARGE_FETCH)) {}
-    Search(const Search&) = delete;
-    Search& operator=(const Search&) = delete;
-    ~Search() {
+    SystemSearch(const SystemSearch&) = delete;
+    SystemSearch& operator=(const SystemSearch&) = delete;
+    ~SystemSearch() {
         if (IsFound())
             ::FindClose(m_handle);
     }
@@ -47,7 +47,7 @@ std::vector<FolderEntry> ListFolder(const CString& folder, const NameMask& mask,
     // All of them, because the system's own masks would look at short names as well, and some of its versions
     // take
     // "?" for nothing.
-    Search search(SystemPath(folder.Right(1) == u"\\" ? folder + u'*' : folder + u"\\*"));
+    SystemSearch search(SystemPath(folder.Right(1) == u"\\" ? folder + u'*' : folder + u"\\*"));
     if (!search.IsFound())
         return entries;
     do {
@@ -63,7 +63,7 @@ std::optional<FolderEntry> FindEntry(const CString& path) {
     const int begin = path.Left(4) == LR"(\\?\)" ? 4 : 0;
     if (path.Right(1) == u"\\" || path.Mid(begin).FindOneOf(u"*?<>\"") >= 0)
         return std::nullopt;
-    const Search search(SystemPath(path));
+    const SystemSearch search(SystemPath(path));
     if (!search.IsFound())
         return std::nullopt;
     return search.Entry();

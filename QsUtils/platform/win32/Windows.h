@@ -6,6 +6,7 @@
 #define NOMINMAX
 #endif
 #include <cstddef>
+#include <cstdint>
 
 #include <windows.h>
 
@@ -20,6 +21,14 @@ inline const wchar_t* SystemUnits(const char16_t* units) noexcept {
 inline wchar_t* SystemUnits(char16_t* units) noexcept {
     return reinterpret_cast<wchar_t*>(units);
 }
+
+/// A file as the contracts hold it, which know no types of the system.
+inline HANDLE FileHandle(std::intptr_t file) noexcept {
+    return reinterpret_cast<HANDLE>(file);
+}
+
+/// The most that one call reads or writes.
+inline constexpr std::size_t LargestPart = std::size_t{1} << 26;
 
 /// Most of the system's calls count in `int`.
 inline constexpr std::size_t MostUnits = std::size_t{1} << 28;

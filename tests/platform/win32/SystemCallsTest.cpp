@@ -15,7 +15,7 @@
 
 namespace {
 
-int Sign(int value) {
+int SignOf(int value) {
     return value < 0 ? -1 : value > 0 ? 1 : 0;
 }
 
@@ -55,7 +55,7 @@ TEST(SystemCalls, TheRuntimeComparesWithoutCaseAlike) {
     for (int round = 0; round < 300'000; ++round) {
         const std::wstring a = RandomText(random, L"aAbBzZ_[`{09éÉ砖", 4);
         const std::wstring b = RandomText(random, L"aAbBzZ_[`{09éÉ砖", 4);
-        ASSERT_EQ(CString(a).CompareNoCase(CString(b)), Sign(_wcsicmp(a.c_str(), b.c_str())));
+        ASSERT_EQ(CString(a).CompareNoCase(CString(b)), SignOf(_wcsicmp(a.c_str(), b.c_str())));
     }
 }
 
@@ -88,6 +88,6 @@ TEST(SystemCalls, LstrcmpOrdersCodesAndNamesAlike) {
         const std::wstring a = RandomText(random, alphabet, 8);
         const std::wstring b =
             round % 3 == 0 ? a + RandomText(random, alphabet, 1) : RandomText(random, alphabet, 8);
-        ASSERT_EQ(QsPlatform::CompareWords(Units(a), Units(b)), Sign(::lstrcmpW(a.c_str(), b.c_str())));
+        ASSERT_EQ(QsPlatform::CompareWords(Units(a), Units(b)), SignOf(::lstrcmpW(a.c_str(), b.c_str())));
     }
 }
