@@ -26,7 +26,7 @@ AppendedFile::~AppendedFile() {
 
 void AppendedFile::Close() noexcept {
     if (m_file != NoFile)
-        ::CloseHandle(FileHandle(std::exchange(m_file, NoFile)));
+        ::CloseHandle(SystemHandle(std::exchange(m_file, NoFile)));
 }
 
 AppendedFile::State AppendedFile::Open() noexcept {
@@ -74,8 +74,8 @@ bool AppendedFile::Write(const void* bytes, std::size_t count) noexcept {
     const char* next = static_cast<const char*>(bytes);
     while (count > 0) {
         DWORD written = 0;
-        if (!::WriteFile(FileHandle(m_file), next, static_cast<DWORD>(std::min(count, LargestPart)), &written,
-                         nullptr) ||
+        if (!::WriteFile(SystemHandle(m_file), next, static_cast<DWORD>(std::min(count, LargestPart)),
+                         &written, nullptr) ||
             written == 0)
             return false;
         next += written;

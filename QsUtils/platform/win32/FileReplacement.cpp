@@ -61,7 +61,7 @@ bool FileReplacement::Write(const void* bytes, std::size_t count) noexcept {
     while (count > 0) {
         const auto part = static_cast<DWORD>(std::min(count, LargestPart));
         DWORD written = 0;
-        if (!::WriteFile(FileHandle(m_file), from, part, &written, nullptr))
+        if (!::WriteFile(SystemHandle(m_file), from, part, &written, nullptr))
             return Fail(FailureOf(::GetLastError(), FileFailure::Other));
         if (written == 0)
             return Fail(FileFailure::DiskFull);
@@ -75,9 +75,9 @@ bool FileReplacement::Commit() noexcept {
     if (m_ended)
         return false;
     // Flushed before it gets the name: after a loss of power the name must not stand for an empty file.
-    if (!::FlushFileBuffers(FileHandle(m_file)))
+    if (!::FlushFileBuffers(SystemHandle(m_file)))
         return Fail(FailureOf(::GetLastError(), FileFailure::Other));
-    if (!::CloseHandle(FileHandle(std::exchange(m_file, NoFile))))
+    if (!::CloseHandle(SystemHandle(std::exchange(m_file, NoFile))))
         return Fail(FailureOf(::GetLastError(), FileFailure::Other));
     if (!::MoveFileExW(m_temporary.c_str(), m_target.c_str(),
                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
@@ -90,7 +90,7 @@ bool FileReplacement::Commit() noexcept {
 void FileReplacement::Discard() noexcept {
     m_ended = true;
     if (m_file != NoFile)
-        ::CloseHandle(FileHandle(std::exchange(m_file, NoFile)));
+        ::CloseHandle(SystemHandle(std::exchange(m_file, NoFile)));
     if (!m_temporary.empty()) {
         ::DeleteFileW(m_temporary.c_str());
         m_temporary.clear();

@@ -13,7 +13,7 @@ FileStream::FileStream(const CString& path) : m_failure(Open(path)) {}
 
 FileStream::~FileStream() {
     if (m_file != NoFile)
-        ::CloseHandle(FileHandle(m_file));
+        ::CloseHandle(SystemHandle(m_file));
 }
 
 FileFailure FileStream::Open(const CString& path) {
@@ -44,7 +44,7 @@ std::size_t FileStream::Read(void* bytes, std::size_t count) noexcept {
     if (m_failure != FileFailure::None)
         return 0;
     DWORD got = 0;
-    if (::ReadFile(FileHandle(m_file), bytes, static_cast<DWORD>(std::min(count, LargestPart)), &got,
+    if (::ReadFile(SystemHandle(m_file), bytes, static_cast<DWORD>(std::min(count, LargestPart)), &got,
                    nullptr))
         return got;
     m_failure = FailureOf(::GetLastError(), FileFailure::Other);

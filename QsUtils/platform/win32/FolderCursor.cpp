@@ -67,7 +67,7 @@ private:
     bool m_hasFound = false;
 };
 
-bool IsDots(NativeView name) {
+bool IsSelfOrParent(NativeView name) {
     return name == L"." || name == L"..";
 }
 
@@ -143,7 +143,7 @@ bool FolderCursor::Leave() {
 
 const TreeEntry* FolderCursor::Next() {
     const WIN32_FIND_DATAW* found = m_state->reading.Next();
-    while (found != nullptr && IsDots(found->cFileName))
+    while (found != nullptr && IsSelfOrParent(found->cFileName))
         found = m_state->reading.Next();
     if (found == nullptr)
         return nullptr;

@@ -23,7 +23,7 @@ inline wchar_t* SystemUnits(char16_t* units) noexcept {
 }
 
 /// A file as the contracts hold it, which know no types of the system.
-inline HANDLE FileHandle(std::intptr_t file) noexcept {
+inline HANDLE SystemHandle(std::intptr_t file) noexcept {
     return reinterpret_cast<HANDLE>(file);
 }
 
