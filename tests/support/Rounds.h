@@ -13,6 +13,16 @@ constexpr int Rounds(int all) {
 #endif
 }
 
+/// The same for a comparison that asks the file system all the time: a call of Wine's takes many times as
+/// long.
+constexpr int FileRounds(int all) {
+#if defined(_WIN32)
+    return all / 4;
+#else
+    return Rounds(all);
+#endif
+}
+
 /// How many threads a test may make where it would make so many if they were cheap. Wine takes a millisecond
 /// or more for each, the other system some microseconds.
 constexpr int ThreadRounds(int all) {

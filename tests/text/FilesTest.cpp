@@ -106,7 +106,7 @@ TEST(DeleteDirectory, OfWhatIsNoFolderIsFalse) {
 
 TEST(DeleteDirectory, DoesAsThePlainOneOnRandomTrees) {
     const TemporaryFolder folder;
-    for (unsigned round = 0; round < static_cast<unsigned>(Rounds(100)); ++round) {
+    for (unsigned round = 0; round < static_cast<unsigned>(FileRounds(100)); ++round) {
         RandomTree(round).Fill(folder, "ours");
         RandomTree(round).Fill(folder, "plain");
         ASSERT_EQ(IQsUtils::DeleteDirectory(At(folder, u"ours")),
@@ -204,7 +204,7 @@ TEST(CopyFolderAllFiles, LeavesNothingOfItsOwnBehind) {
 
 TEST(CopyFolderAllFiles, DoesAsThePlainOneOnRandomTrees) {
     const TemporaryFolder folder;
-    for (unsigned round = 0; round < static_cast<unsigned>(Rounds(100)); ++round) {
+    for (unsigned round = 0; round < static_cast<unsigned>(FileRounds(100)); ++round) {
         for (const char* root : {"ours", "plain"}) {
             RandomTree tree(round);
             tree.Fill(folder, std::string(root) + "/s");
@@ -366,7 +366,7 @@ TEST(FindPath, ArgumentsMayBeOneText) {
 
 TEST(FindPath, FindsAsThePlainOneOnRandomTrees) {
     int finds = 0;
-    for (unsigned round = 0; round < static_cast<unsigned>(Rounds(100)); ++round) {
+    for (unsigned round = 0; round < static_cast<unsigned>(FileRounds(100)); ++round) {
         const TemporaryFolder folder;
         RandomTree tree(1000 + round);
         tree.Fill(folder, "a", 5);
@@ -399,7 +399,7 @@ TEST(FindPath, InManyFoldersFindsAsThePlainOne) {
         }
         folder.Write("a/found", "");
         folder.Write(round % 2 == 0 ? "a/found behind" : "a/found behind/folder", "");
-        for (int question = 0; question < 100; ++question) {
+        for (int question = 0; question < FileRounds(100); ++question) {
             const std::string name = question % 5 == 0   ? "found"
                                      : question % 2 == 0 ? tree.Name()
                                                          : "only " + std::to_string(tree.Random()() % 121);
