@@ -32,3 +32,11 @@ constexpr int ThreadRounds(int all) {
     return all;
 #endif
 }
+
+/// Of the cases that take a process each, every how manieth is tried. Wine takes a quarter of a second for
+/// one.
+#if defined(_WIN32)
+inline constexpr int ProcessStep = 3;
+#else
+inline constexpr int ProcessStep = 1;
+#endif

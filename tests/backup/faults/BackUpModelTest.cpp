@@ -215,7 +215,7 @@ private:
 };
 
 TEST(BackUpModel, RandomDaysEndAsDescribed) {
-    for (unsigned seed = 0; seed < static_cast<unsigned>(Rounds(60)); ++seed) {
+    for (unsigned seed = 0; seed < static_cast<unsigned>(FileRounds(60)); ++seed) {
         Days days(seed);
         for (int step = 0; step < 100; ++step) {
             days.Step();
