@@ -19,7 +19,7 @@ endif()
 # Where several sources are compiled as one, the names of each are in sight of the next, and none of them stands in a
 # header. Both warnings are for sources that are compiled by themselves.
 if(CMAKE_UNITY_BUILD)
-    target_compile_options(qsutils_compile INTERFACE -Wno-shadow -Wno-subobject-linkage)
+    target_compile_options(qsutils_compile INTERFACE -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 endif()
 target_include_directories(qsutils_compile INTERFACE ${PROJECT_SOURCE_DIR})
 
