@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/backup/faults/Operations.h"
+#include "tests/backup/faults/Point.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/Escapes.h"
 
@@ -23,7 +24,10 @@ bool CarryApart(Operation operation, const CString& project, const FaultPoints::
                             FaultPoints::TextOf(plan)},
                            {},
                            {}};
-    return RunProgram(call).status == 0;
+    const ProgramResult result = RunProgram(call);
+    EXPECT_TRUE(result.status == 0 || result.status == FaultPoints::KilledStatus)
+        << result.status << (result.isStarted ? "" : ", not started") << ": " << result.err;
+    return result.status == 0;
 }
 
 int main(int argc, char** argv) {

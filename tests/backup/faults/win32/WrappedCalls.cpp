@@ -12,7 +12,7 @@ using FaultPoints::Outcome;
 
 [[noreturn]] void Die() noexcept {
     for (;;)
-        ::TerminateProcess(::GetCurrentProcess(), 0xC0000001);
+        ::TerminateProcess(::GetCurrentProcess(), FaultPoints::KilledStatus);
 }
 
 /// Whether the call is made; otherwise it has failed.
