@@ -15,8 +15,9 @@ Usage: ./test.sh [OPTION...]
 Builds the release and runs its tests. Options add stages:
 
   --windows       everything built for Windows, and the same tests under Wine
-  --sanitize      the tests under AddressSanitizer and UndefinedBehaviorSanitizer with counted lines, which fail when
-                  fewer than 95 % of the library's were run; then the tests under ThreadSanitizer
+  --sanitize      the tests under AddressSanitizer and UndefinedBehaviorSanitizer, then under ThreadSanitizer
+  --coverage      the tests under the former two with counted lines; fails when fewer than 95 % of the library's
+                  lines were run
   --fuzz SECONDS  the fuzzers, which share the time equally
   --packages      the Debian packages, installed and used in a bare Debian
   --lint          the format of all sources, clang-tidy on the library, shellcheck on the scripts, the reference
@@ -29,11 +30,12 @@ stages; the status is 0 when none failed, 1 when some did, 2 for a wrong call.
 END
 }
 
-windows=no sanitize=no packages=no lint=no fuzz_seconds=0
+windows=no sanitize=no coverage=no packages=no lint=no fuzz_seconds=0
 while [[ $# -gt 0 ]]; do
     case $1 in
         --windows) windows=yes ;;
         --sanitize) sanitize=yes ;;
+        --coverage) coverage=yes ;;
         --packages) packages=yes ;;
         --lint) lint=yes ;;
         --fuzz)
@@ -42,7 +44,7 @@ while [[ $# -gt 0 ]]; do
             shift
             ;;
         --all)
-            windows=yes sanitize=yes packages=yes lint=yes
+            windows=yes sanitize=yes coverage=yes packages=yes lint=yes
             [[ $fuzz_seconds -gt 0 ]] || fuzz_seconds=60
             ;;
         --help | -h)
@@ -57,17 +59,17 @@ done
 groups=(build test)
 [[ $windows == yes ]] && groups+=(windows)
 [[ $fuzz_seconds -gt 0 ]] && groups+=(clang)
-[[ $sanitize == yes ]] && groups+=(sanitize)
+[[ $coverage == yes ]] && groups+=(coverage)
 [[ $packages == yes ]] && groups+=(package)
 [[ $lint == yes ]] && groups+=(lint)
 
 if install_packages "${groups[@]}"; then
     run_stage "tests" run_tests release
     [[ $windows == yes ]] && run_stage "tests, Windows" run_windows_tests
-    if [[ $sanitize == yes ]]; then
-        run_stage "tests, address and undefined behaviour" run_address_tests
-        run_stage "tests, threads" run_thread_tests
+    if [[ $sanitize == yes || $coverage == yes ]]; then
+        run_stage "tests, address and undefined behaviour" run_address_tests "$coverage"
     fi
+    [[ $sanitize == yes ]] && run_stage "tests, threads" run_thread_tests
     [[ $fuzz_seconds -gt 0 ]] && run_stage "fuzzers" run_fuzzers "$fuzz_seconds"
     [[ $packages == yes ]] && run_stage "packages" run_packages
     [[ $lint == yes ]] && run_stage "lint" run_lint

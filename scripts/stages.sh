@@ -110,12 +110,13 @@ run_windows_tests() {
     stop_wine
 }
 
-# The counters of earlier runs would count, too. A counter isn't atomic, so that a branch which two threads took at once
-# may come out as -1 times.
+# run_address_tests COVERAGE: with "yes", the lines that were run are looked at as well. The counters of earlier runs
+# would count, too. A counter isn't atomic, so that a branch which two threads took at once may come out as -1 times.
 run_address_tests() {
-    local report=$root/build/asan/lines
+    local coverage=$1 report=$root/build/asan/lines
     find "$root/build/asan" -name '*.gcda' -delete 2>/dev/null
     run_tests asan
+    [[ $coverage == yes ]] || return
     mkdir -p "$report"
     check "95 % of the library's lines" gcovr --root "$root" --filter "$root/QsUtils/" -j "$(nproc)" \
         --gcov-ignore-parse-errors --exclude-throw-branches --html-details "$report/index.html" --txt - \
