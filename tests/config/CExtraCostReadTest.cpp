@@ -1,5 +1,4 @@
 // The reader of the configuration files as an object: what it keeps, what it frees, and many threads at once.
-#include <barrier>
 #include <list>
 #include <map>
 #include <random>
@@ -13,6 +12,7 @@
 #include "QsUtils/platform/ExecutableFolder.h"
 
 #include "tests/support/Rounds.h"
+#include "tests/support/StartLine.h"
 #include "tests/support/TemporaryFolder.h"
 
 using Fields = std::list<QS_ProjectOverView::stuColInfo*>;
@@ -210,12 +210,12 @@ TEST_F(Configuration, AnyThreadMayAsk) {
     LayMarks(FullMarks);
     m_folder.Write("FieldChoose.cos", "<r><f BelongType=\"工程信息\"/></r>");
     constexpr int threadCount = 8;
-    std::barrier together(threadCount);
+    StartLine together(threadCount);
     std::vector<std::thread> threads;
     std::vector<int> right(threadCount, 0);
     for (int number = 0; number < threadCount; ++number) {
         threads.emplace_back([&, number] {
-            together.arrive_and_wait();
+            together.Cross();
             CString key;
             key.Format(u"%d", number);
             for (int round = 0; round < 20; ++round) {

@@ -1,5 +1,4 @@
 #include <atomic>
-#include <barrier>
 #include <stdexcept>
 #include <thread>
 #include <vector>
@@ -7,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "QsUtils/frame/LazyService.h"
+#include "tests/support/StartLine.h"
 
 namespace {
 
@@ -89,11 +89,11 @@ TEST_F(LazyServiceTest, ThreadsThatRaceGetOneObject) {
     for (int round = 1; round <= 200; ++round) {
         QsFrame::ServiceHolder<Slow> service;
         std::vector<Slow*> seen(threadCount);
-        std::barrier together(static_cast<std::ptrdiff_t>(threadCount));
+        StartLine together(threadCount);
         std::vector<std::thread> threads;
         for (Slow*& mine : seen) {
             threads.emplace_back([&] {
-                together.arrive_and_wait();
+                together.Cross();
                 mine = &service.Get();
             });
         }
@@ -144,19 +144,19 @@ TEST_F(LazyServiceTest, WhoUsesASharedObjectKeepsItBeyondTheEnd) {
 TEST_F(LazyServiceTest, ThreadsMayUseASharedObjectAsItEnds) {
     for (int round = 1; round <= 200; ++round) {
         EndedHolder ended;
-        std::barrier together(4);
+        StartLine together(4);
         std::atomic<int> uses{0};
         std::vector<std::thread> threads;
         for (int i = 0; i < 3; ++i)
             threads.emplace_back([&] {
-                together.arrive_and_wait();
+                together.Cross();
                 for (int use = 0; use < 100; ++use)
                     ended.holder.With([&](Counted&) {
                         EXPECT_EQ(made - gone, 1);
                         ++uses;
                     });
             });
-        together.arrive_and_wait();
+        together.Cross();
         while (uses < round % 100)
             std::this_thread::yield();
         ended.End();

@@ -1,11 +1,11 @@
 // Whichever thread comes first, a service is made once. Every load gives the race another chance.
-#include <barrier>
 #include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "tests/module/LoadedPlugin.h"
+#include "tests/support/StartLine.h"
 
 namespace {
 
@@ -17,11 +17,11 @@ TEST(FirstCall, ThreadsThatRaceGetOneAnalyser) {
         const LoadedPlugin plugin;
         const auto analyser = PLUGIN_FUNCTION(plugin, PluginAnalyser);
         std::vector<void*> seen(threadCount);
-        std::barrier together(static_cast<std::ptrdiff_t>(threadCount));
+        StartLine together(threadCount);
         std::vector<std::thread> threads;
         for (void*& mine : seen) {
             threads.emplace_back([&] {
-                together.arrive_and_wait();
+                together.Cross();
                 mine = analyser();
             });
         }
@@ -39,13 +39,13 @@ TEST(FirstCall, EveryServiceMayBeCalledFirstByManyThreads) {
         const auto call = PLUGIN_FUNCTION(plugin, PluginCallService);
         const std::size_t services = PLUGIN_FUNCTION(plugin, PluginServiceCount)();
         std::vector<char> right(threadCount, 0);
-        std::barrier together(static_cast<std::ptrdiff_t>(threadCount));
+        StartLine together(threadCount);
         std::vector<std::thread> threads;
         for (std::size_t number = 0; number < threadCount; ++number) {
             // Half of the threads begin at the same service, the others each at another one.
             threads.emplace_back([&, number] {
                 const std::size_t begin = static_cast<std::size_t>(load) + (number % 2 == 0 ? 0 : number);
-                together.arrive_and_wait();
+                together.Cross();
                 bool all = true;
                 for (std::size_t i = 0; i < services; ++i)
                     all = call(begin + i) && all;
