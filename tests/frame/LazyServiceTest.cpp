@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "QsUtils/frame/LazyService.h"
+
 #include "tests/support/StartLine.h"
 
 namespace {
