@@ -316,7 +316,7 @@ TEST_F(RandomLibraries, TheManagerAnswersAsThePlainModelDoes) {
         texts.insert(texts.end(), {L"", unknown});
         return texts;
     };
-    const int rounds = Rounds(300);
+    const int rounds = FileRounds(300);
     for (int round = 0; round < rounds && !HasFailure(); ++round) {
         SCOPED_TRACE(round);
         Generator generator(static_cast<unsigned>(round));

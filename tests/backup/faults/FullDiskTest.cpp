@@ -236,7 +236,7 @@ void SpendADay(const Ways& ways, unsigned seed, int steps) {
 
 TEST_P(FullDisk, DaysOnADiskThatGetsFullLoseNothing) {
     // A process is dear on one of the systems.
-    const int days = GetParam().isApart ? ThreadRounds(Rounds(40)) : Rounds(100);
+    const int days = GetParam().isApart ? ThreadRounds(Rounds(40)) : FileRounds(100);
     for (unsigned seed = 0; seed < static_cast<unsigned>(days) && !HasFailure(); ++seed)
         SpendADay(GetParam(), seed, 30);
 }
