@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "QsUtils/text/CString.h"
+#include "QsUtils/text/TextSearch.h"
 
 namespace QsFrame {
 
@@ -19,8 +20,7 @@ const Argument& Formatted(const Argument& argument) {
     return argument;
 }
 inline CString Formatted(const CString& text) {
-    const std::u16string_view units = text.View();
-    return CString(units.substr(0, units.find(u'\0')));
+    return CString(QsText::UpToNul(text.View()));
 }
 
 /// The same for a formatted message, in which each text ends at its first NUL.

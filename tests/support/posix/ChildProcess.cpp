@@ -1,12 +1,13 @@
 #include "tests/support/ChildProcess.h"
 
 #include <array>
-#include <cstdlib>
 
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include "tests/support/posix/ProgramStart.h"
 
 namespace {
 
@@ -33,18 +34,12 @@ private:
     int m_file;
 };
 
-/// What a shell returns for a program that can't be started, too.
-constexpr int notStarted = 127;
-
-[[noreturn]] void BecomeProgram(const ProgramCall& call, char** arguments, int out, int err) {
+[[noreturn]] void BecomeCaptured(const ProgramCall& call, ProgramArguments& arguments, int out, int err) {
     const int nothing = open("/dev/null", O_RDONLY);
     if (dup2(nothing, STDIN_FILENO) >= 0 && dup2(out, STDOUT_FILENO) >= 0 && dup2(err, STDERR_FILENO) >= 0 &&
-        (call.folder.empty() || chdir(call.folder.c_str()) == 0)) {
-        for (const auto& [name, value] : call.environment)
-            setenv(name.c_str(), value.c_str(), 1);
-        execvp(arguments[0], arguments);
-    }
-    _exit(notStarted);
+        (call.folder.empty() || chdir(call.folder.c_str()) == 0))
+        BecomeProgram(call, arguments);
+    _exit(NotStarted);
 }
 
 }  // namespace
@@ -52,22 +47,16 @@ constexpr int notStarted = 127;
 ProgramResult RunProgram(const ProgramCall& call) {
     const Capture out;
     const Capture err;
-    std::vector<std::string> texts = {call.program.string()};
-    texts.insert(texts.end(), call.arguments.begin(), call.arguments.end());
-    std::vector<char*> arguments;
-    for (std::string& text : texts)
-        arguments.push_back(text.data());
-    arguments.push_back(nullptr);
-
+    ProgramArguments arguments(call);
     const pid_t child = fork();
     if (child == 0)
-        BecomeProgram(call, arguments.data(), out.Descriptor(), err.Descriptor());
+        BecomeCaptured(call, arguments, out.Descriptor(), err.Descriptor());
     int status = 0;
     ProgramResult result;
     if (child < 0 || waitpid(child, &status, 0) != child)
         return result;
     const bool ended = WIFEXITED(status);
-    result.isStarted = !ended || WEXITSTATUS(status) != notStarted;
+    result.isStarted = !ended || WEXITSTATUS(status) != NotStarted;
     if (ended && result.isStarted)
         result.status = WEXITSTATUS(status);
     result.out = out.Contents();

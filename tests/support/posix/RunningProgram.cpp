@@ -1,17 +1,15 @@
 #include "tests/support/RunningProgram.h"
 
 #include <csignal>
-#include <cstdlib>
 #include <stdexcept>
-#include <vector>
 
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace {
+#include "tests/support/posix/ProgramStart.h"
 
-constexpr int notConnected = 127;
+namespace {
 
 void CloseOnce(std::intptr_t& file) {
     if (file >= 0)
@@ -19,37 +17,29 @@ void CloseOnce(std::intptr_t& file) {
     file = -1;
 }
 
-[[noreturn]] void BecomeConnectedProgram(const ProgramCall& call, char** arguments, int in, int out) {
-    if (dup2(in, STDIN_FILENO) >= 0 && dup2(out, STDOUT_FILENO) >= 0) {
-        for (const auto& [name, value] : call.environment)
-            setenv(name.c_str(), value.c_str(), 1);
-        execv(arguments[0], arguments);
-    }
-    _exit(notConnected);
+[[noreturn]] void BecomeConnected(const ProgramCall& call, ProgramArguments& arguments, int in, int out) {
+    if (dup2(in, STDIN_FILENO) >= 0 && dup2(out, STDOUT_FILENO) >= 0)
+        BecomeProgram(call, arguments);
+    _exit(NotStarted);
 }
 
 }  // namespace
 
 RunningProgram::RunningProgram(const ProgramCall& call) {
-    std::vector<std::string> texts = {call.program.string()};
-    texts.insert(texts.end(), call.arguments.begin(), call.arguments.end());
-    std::vector<char*> arguments;
-    for (std::string& text : texts)
-        arguments.push_back(text.data());
-    arguments.push_back(nullptr);
+    ProgramArguments arguments(call);
     int in[2];
     int out[2];
     if (pipe2(in, O_CLOEXEC) != 0 || pipe2(out, O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe");
     m_process = fork();
     if (m_process == 0)
-        BecomeConnectedProgram(call, arguments.data(), in[0], out[1]);
+        BecomeConnected(call, arguments, in[0], out[1]);
     close(in[0]);
     close(out[1]);
     m_in = in[1];
     m_out = out[0];
     if (m_process < 0)
-        throw std::runtime_error("can't start " + texts[0]);
+        throw std::runtime_error("can't start " + call.program.string());
 }
 
 RunningProgram::~RunningProgram() {
