@@ -50,11 +50,12 @@ private:
     TaskCallbacks m_callbacks;
 };
 
-/// A manager whose steps C may call, too: it has no derived classes.
-class OpenManager final : public CQSThreadManager {
+/// Opens the steps that are for derived classes, since C has none. Managers made here are not of this class:
+/// the destructor of `CQSThreadManager` waits for tasks that end and then look up `OnTaskComplete`, and an
+/// object of a derived class would be changing its class by then.
+class Steps : public CQSThreadManager {
 public:
     using CQSThreadManager::CloseTaskThread;
-    using CQSThreadManager::CQSThreadManager;
     using CQSThreadManager::EnterActiveQueue;
     using CQSThreadManager::EnterWaitQueue;
     using CQSThreadManager::GetActivedTaskReference;
@@ -91,12 +92,12 @@ struct QsTaskObserver {
 };
 
 struct QsTaskManager {
-    OpenManager manager;
+    CQSThreadManager manager;
 };
 
 namespace {
 
-OpenManager& Manager(QsTaskManager* handle) {
+CQSThreadManager& Manager(QsTaskManager* handle) {
     return Checked(handle).manager;
 }
 
@@ -137,7 +138,7 @@ void QsTaskObserver_Free(QsTaskObserver* observer) {
 // --- The manager
 
 QsStatus QsTaskManager_Create(std::int32_t lastInFirstOut, QsTaskManager** manager) {
-    return Call([&] { *manager = new QsTaskManager{OpenManager(lastInFirstOut != 0)}; }, manager);
+    return Call([&] { *manager = new QsTaskManager{CQSThreadManager(lastInFirstOut != 0)}; }, manager);
 }
 
 void QsTaskManager_Free(QsTaskManager* manager) {
@@ -151,7 +152,7 @@ QsStatus QsTaskManager_StartTask(QsTaskManager* manager, QsTask* task) {
 QsStatus QsTaskManager_BatchStartTask(QsTaskManager* manager, QsTask* const* tasks, std::int32_t count) {
     return Call([&] {
         QsCApi::Require(count >= 0 && (tasks != nullptr || count == 0));
-        OpenManager& starter = Manager(manager);
+        CQSThreadManager& starter = Manager(manager);
         std::vector<CThreadTask*> all;
         all.reserve(static_cast<std::size_t>(count));
         for (std::int32_t i = 0; i < count; ++i)
@@ -183,18 +184,19 @@ QsStatus QsTaskManager_DelTaskThreadMgrObserver(QsTaskManager* manager, QsTaskOb
 // --- Its steps
 
 QsStatus QsTaskManager_StartTaskThread(QsTaskManager* manager, QsTask* task, std::int32_t* isTaken) {
-    return Call([&] { *isTaken = Manager(manager).StartTaskThread(TaskOf(task)); }, isTaken);
+    return Call([&] { *isTaken = std::invoke(&Steps::StartTaskThread, Manager(manager), TaskOf(task)); },
+                isTaken);
 }
 
 QsStatus QsTaskManager_StartThreadFromWaitInfo(QsTaskManager* manager) {
-    return Call([&] { Manager(manager).StartThreadFromWaitInfo(); });
+    return Call([&] { std::invoke(&Steps::StartThreadFromWaitInfo, Manager(manager)); });
 }
 
 QsStatus QsTaskManager_GetCurFirstWaitTaskInfo(QsTaskManager* manager, QsTask** task) {
     return Call(
         [&] {
             CThreadTask* next = nullptr;
-            const bool isThere = Manager(manager).GetCurFirstWaitTaskInfo(next) != 0;
+            const bool isThere = std::invoke(&Steps::GetCurFirstWaitTaskInfo, Manager(manager), next) != 0;
             *task = HandleOf(next);
             return QsStatus{isThere ? QS_OK : QS_NOT_FOUND};
         },
@@ -206,7 +208,8 @@ QsStatus QsTaskManager_GetActivedTaskReference(QsTaskManager* manager, const QsC
     return Call(
         [&] {
             CThreadTask* active = nullptr;
-            const bool isThere = Manager(manager).GetActivedTaskReference(TextOf(name, length), active) != 0;
+            const bool isThere = std::invoke(&Steps::GetActivedTaskReference, Manager(manager),
+                                             TextOf(name, length), active) != 0;
             *task = HandleOf(active);
             return QsStatus{isThere ? QS_OK : QS_NOT_FOUND};
         },
@@ -214,13 +217,17 @@ QsStatus QsTaskManager_GetActivedTaskReference(QsTaskManager* manager, const QsC
 }
 
 QsStatus QsTaskManager_EnterActiveQueue(QsTaskManager* manager, QsTask* task, std::int32_t* isTaken) {
-    return Call([&] { *isTaken = Manager(manager).EnterActiveQueue(TaskOf(&Checked(task))); }, isTaken);
+    return Call(
+        [&] { *isTaken = std::invoke(&Steps::EnterActiveQueue, Manager(manager), TaskOf(&Checked(task))); },
+        isTaken);
 }
 
 QsStatus QsTaskManager_EnterWaitQueue(QsTaskManager* manager, QsTask* task, std::int32_t* isTaken) {
-    return Call([&] { *isTaken = Manager(manager).EnterWaitQueue(TaskOf(&Checked(task))); }, isTaken);
+    return Call(
+        [&] { *isTaken = std::invoke(&Steps::EnterWaitQueue, Manager(manager), TaskOf(&Checked(task))); },
+        isTaken);
 }
 
 QsStatus QsTaskManager_CloseTaskThread(QsTaskManager* manager, QsTask* task) {
-    return Call([&] { Manager(manager).CloseTaskThread(*TaskOf(&Checked(task))); });
+    return Call([&] { std::invoke(&Steps::CloseTaskThread, Manager(manager), *TaskOf(&Checked(task))); });
 }

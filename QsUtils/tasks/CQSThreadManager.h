@@ -27,8 +27,8 @@ struct TaskThread;
 /// Any thread may call any operation, also a task or an observer of the manager's own; see `CancelTask` for
 /// the one call that never returns there. See docs/tasks.md for the states of a task and for what is logged.
 ///
-/// A class derived from this one that overrides something calls `CancelAllTask` in its own destructor: later
-/// its overriders are gone while tasks may still end.
+/// A class derived from this one calls `CancelAllTask` in its own destructor, also when it overrides nothing:
+/// later the object is no longer of that class, while tasks that end still look up its operations.
 class QSUTILS_API CQSThreadManager {
 public:
     /// Which of the waiting tasks is the next: the one that came last, or the one that came first.
