@@ -32,10 +32,10 @@ public:
     /// Runs before the work, on the same thread. 0, like an exception, ends the task as failed, with no work
     /// done and no other task started; else it goes on.
     virtual std::int32_t InitTask();
-    /// The running thread; null before the start and at the end, which is when `ExecuteTask` has returned and
-    /// observers have been told of it. The manager's own calls needn't wait for that: an observer, or the
-    /// destructor of a task, finds null as soon as `ExecuteTask` has returned. The handle is the manager's:
-    /// it stays good until the task is deleted. Any thread may ask while the task exists.
+    /// The running thread; null before the start and again when `ExecuteTask` has returned and observers are
+    /// being told of it: a call of the manager that comes after that waits until they have been. An observer,
+    /// or the destructor of a task, finds null as soon as `ExecuteTask` has returned. The handle is the
+    /// manager's: it stays good until the task is deleted. Any thread may ask while the task exists.
     virtual HANDLE GetThread();
 
 protected:
