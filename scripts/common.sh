@@ -51,6 +51,13 @@ install_packages() {
             apt-get install -qy --no-install-recommends "${missing[@]}" </dev/null
 }
 
+# find_unspread: `unspread` is then what keeps the kernel from spreading the addresses of the program behind it; empty
+# where that may not be asked for.
+find_unspread() {
+    unspread=(setarch "$(uname -m)" -R)
+    "${unspread[@]}" true 2>/dev/null || unspread=()
+}
+
 # Put in front of the programs of a build and its tests; empty unless a stage says otherwise.
 launcher=()
 

@@ -78,9 +78,9 @@ run_tests() {
 # Where the kernel spreads addresses widely, ThreadSanitizer finds its shadow taken; it is run without the spread
 # wherever that may be asked for.
 run_thread_tests() {
-    if setarch "$(uname -m)" -R true 2>/dev/null; then
-        launcher=(setarch "$(uname -m)" -R)
-    fi
+    local unspread
+    find_unspread
+    launcher=("${unspread[@]}")
     run_tests tsan
     launcher=()
 }

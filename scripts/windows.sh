@@ -107,15 +107,17 @@ prepare_windows_dependencies() {
 }
 
 # in_wine COMMAND...: with a prefix and a Chinese locale of its own, and no questions about components that it doesn't
-# use. Without a screen, unless QSUTILS_SCREEN names one; programs with and without a screen don't meet.
+# use. Without a screen, unless QSUTILS_SCREEN names one; programs with and without a screen don't meet. Where the kernel
+# spreads addresses, one start in thousands finds the page taken that Wine needs at 0x7ffe0000, and fails without a word.
 in_wine() {
-    local display=(-u DISPLAY) prefix=$windows_cache/wine
+    local display=(-u DISPLAY) prefix=$windows_cache/wine unspread
+    find_unspread
     if [[ -n ${QSUTILS_SCREEN:-} ]]; then
         display=("DISPLAY=$QSUTILS_SCREEN")
         prefix=$windows_cache/wine-screen
     fi
     env "${display[@]}" WINEPREFIX="$prefix" LOCPATH="$windows_cache/locale" LC_ALL=zh_CN.UTF-8 \
-        WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" "$@"
+        WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" "${unspread[@]}" "$@"
 }
 
 prepare_wine() {
