@@ -109,6 +109,7 @@ TEST(InstalledDialogs, WithoutARowTheUserIsToldAndCanCancel) {
 
 TEST(InstalledDialogs, AFolderIsSelected) {
     const TemporaryFolder chosen(FolderOfBrowsers());
+    KeepTimeOfVisit(chosen.Path());
     const CString folder = FromNativePath(chosen.Path());
     DialogDriver driver(L"", [&](HWND window) {
         const std::wstring path = folder.ToWide();

@@ -61,6 +61,9 @@ protected:
     FolderBrowserView() {
         std::filesystem::create_directories(folder.File("一") / "二");
         std::filesystem::create_directories(folder.File("b"));
+        for (const auto& made :
+             {folder.Path(), folder.File("一"), folder.File("一") / "二", folder.File("b")})
+            KeepTimeOfVisit(made);
     }
     CString Path(const char* name) const { return FromNativePath(folder.File(name)); }
 

@@ -69,6 +69,22 @@ std::filesystem::path FolderOfBrowsers() {
     return std::filesystem::temp_directory_path().root_path();
 }
 
+void KeepTimeOfVisit(const std::filesystem::path& folder) {
+    constexpr ULONGLONG hour = 36'000'000'000;
+    FILETIME now{};
+    ::GetSystemTimeAsFileTime(&now);
+    ULARGE_INTEGER visit{};
+    visit.LowPart = now.dwLowDateTime;
+    visit.HighPart = now.dwHighDateTime;
+    visit.QuadPart += hour;
+    const FILETIME toCome{visit.LowPart, visit.HighPart};
+    const HANDLE opened =
+        ::CreateFileW(folder.c_str(), FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    EXPECT_TRUE(::SetFileTime(opened, nullptr, &toCome, nullptr)) << folder;
+    ::CloseHandle(opened);
+}
+
 bool HasText(HWND dialog, const std::wstring& text) {
     HWND child = ::GetWindow(dialog, GW_CHILD);
     while (child != nullptr && TextOf(child) != text)

@@ -24,6 +24,10 @@ std::wstring TextOf(HWND window);
 /// has changed since the tree was filled, and at a drive's root there is none on the way whose content others
 /// change.
 std::filesystem::path FolderOfBrowsers();
+/// Keeps the time of the last visit of such a folder as it is. That one counts for Wine's browser, too, whose
+/// own first visit of a new folder moves it, after which the folder isn't found any more. A time that is
+/// still to come isn't moved.
+void KeepTimeOfVisit(const std::filesystem::path& folder);
 
 /// Whether a control of a dialog has that text.
 bool HasText(HWND dialog, const std::wstring& text);
