@@ -46,7 +46,7 @@ HANDLE CThreadTask::GetThread() {
 
 // The field may be read without the manager's lock. A task whose work is over is finished for the thread that
 // the manager has called back, which holds up what belongs to the end of the others; for anybody else it is
-// when its end has been told.
+// when its own thread has the lock and is telling its end.
 HANDLE CThreadTask::ThreadHandle() const noexcept {
     HANDLE thread = std::atomic_ref(const_cast<HANDLE&>(m_hThread)).load(std::memory_order_acquire);
     if ((BitsOf(thread) & ReturnMark) == 0)

@@ -98,8 +98,8 @@ std::int32_t CQSThreadManager::RunTask(CThreadTask& task, bool& isInitialised) n
 
 /// The end of a task in one step for the calls of other threads: when these find it finished, observers have
 /// been told and the next one has been started. Only an observer that is being told of another task's end
-/// sees it earlier: with it the lock is away, and so it may do with the task what may be done with a finished
-/// one. The task itself may be deleted on the way, by an observer for instance.
+/// sees it earlier: it has the lock, and may do with the task what may be done with a finished one. The task
+/// itself may be deleted on the way, by an observer for instance.
 void CQSThreadManager::EndTask(QsTasks::TaskThread& thread, bool isInitialised, std::int32_t code) noexcept {
     if (isInitialised)
         thread.task->MarkReturned();
